@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/api.h"
+
+/// The system-wide (Darwin) notification centre, as this process sees it. A notification is a bare
+/// name. Posting returns before anything is delivered; each post is one delivery, on the main
+/// queue, to each registration of that name, here and in other processes; posts are never merged.
+class CFNotificationCenter;
+
+/// An observer; the notification's details are not handed over, since a name is all there is.
+using CFNotificationCallback = void (*)();
+
+/// Kept as callers state it. Delivery is never suspended on this platform, so nothing depends on
+/// it.
+enum class CFNotificationSuspensionBehavior {
+  kDrop = 1,
+  kCoalesce = 2,
+  kHold = 3,
+  kDeliverImmediately = 4
+};
+
+PLATFORM_API CFNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter();
+
+/// Adds a registration; the same callback may be registered many times and is then called as often.
+/// Main thread.
+PLATFORM_API void CFNotificationCenterAddObserver(
+    CFNotificationCenter& center, CFNotificationCallback callback, std::string_view name,
+    CFNotificationSuspensionBehavior suspensionBehavior);
+
+/// Main thread.
+PLATFORM_API void CFNotificationCenterPostNotification(CFNotificationCenter& center,
+                                                       std::string_view name,
+                                                       bool deliverImmediately);
+
+/// For the notification service: another process has posted. Main thread.
+PLATFORM_API void CFNotificationCenterDeliver(CFNotificationCenter& center, std::string_view name);

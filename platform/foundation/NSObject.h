@@ -1,0 +1,68 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "platform/api.h"
+#include "platform/foundation/ClassDescription.h"
+
+/// Root of every class that is reference counted or reached by name.
+///
+/// Objects are made in two phases: `alloc<T>()`, then an `init…` that says whether it worked. A
+/// weak reference to oneself and virtual calls work from the second phase on.
+class PLATFORM_API NSObject : public std::enable_shared_from_this<NSObject> {
+ public:
+  static const ClassDescription classObject;
+
+  NSObject() = default;
+  virtual ~NSObject();
+  NSObject(const NSObject&) = delete;
+  NSObject& operator=(const NSObject&) = delete;
+  NSObject(NSObject&&) = delete;
+  NSObject& operator=(NSObject&&) = delete;
+
+  /// False when the object could not be set up; it is then dropped.
+  virtual bool init();
+
+  virtual const ClassDescription& classDescription() const;
+  bool respondsToSelector(std::string_view selector) const;
+
+  /// Calls the action of that selector. False, and nothing happens, when there is none.
+  bool performAction(std::string_view selector, NSObject* sender);
+  /// The answer of the getter of that selector; nothing when there is none.
+  std::optional<PropertyListValue> performGetter(std::string_view selector, NSObject& row);
+  /// Calls the setter of that selector. False, and nothing happens, when there is none.
+  bool performSetter(std::string_view selector, const PropertyListValue& value, NSObject& row);
+};
+
+/// Destroys an object on the main queue: at once when called there, else as a task of that queue.
+/// Timers, observers and views belong to the main thread, and a last reference may go elsewhere.
+struct PLATFORM_API MainQueueDeleter {
+  void operator()(NSObject* object) const;
+};
+
+/// An object that waits for its init….
+template <class T>
+std::shared_ptr<T> alloc() {
+  return std::shared_ptr<T>(new T, MainQueueDeleter{});
+}
+
+/// alloc and init; null when init failed.
+template <class T>
+std::shared_ptr<T> allocInit() {
+  auto object = alloc<T>();
+  return object->init() ? object : nullptr;
+}
+
+/// The `alloc` entry of a class description.
+template <class T>
+std::shared_ptr<NSObject> allocObject() {
+  return alloc<T>();
+}
+
+/// The object as a T, sharing ownership; null when it is none.
+template <class T>
+std::shared_ptr<T> cast(const std::shared_ptr<NSObject>& object) {
+  return std::dynamic_pointer_cast<T>(object);
+}

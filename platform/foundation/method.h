@@ -1,0 +1,57 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "platform/foundation/ClassDescription.h"
+#include "platform/foundation/NSObject.h"
+
+/// Builds the entries of a class's method table from member functions, for example
+///   constexpr Method kMethods[] = {method<&QDPane::showLove>("showLove")};
+/// The shape of the member decides what it is: an action takes nothing or the sender, a getter
+/// takes a row and gives a value or nothing, a setter takes a value and a row.
+
+namespace method_detail {
+
+template <auto member, class Shape = decltype(member)>
+struct Call;
+
+template <auto member, class Receiver>
+struct Call<member, void (Receiver::*)()> {
+  static void invoke(NSObject& receiver, NSObject* /*sender*/) {
+    (static_cast<Receiver&>(receiver).*member)();
+  }
+};
+
+template <auto member, class Receiver, class Sender>
+struct Call<member, void (Receiver::*)(const std::shared_ptr<Sender>&)> {
+  static void invoke(NSObject& receiver, NSObject* sender) {
+    const auto object = sender ? cast<Sender>(sender->shared_from_this()) : nullptr;
+    (static_cast<Receiver&>(receiver).*member)(object);
+  }
+};
+
+template <auto member, class Receiver, class Row>
+struct Call<member, std::optional<PropertyListValue> (Receiver::*)(const Row&)> {
+  static std::optional<PropertyListValue> invoke(NSObject& receiver, NSObject& row) {
+    const auto* typed = dynamic_cast<const Row*>(&row);
+    return typed ? (static_cast<Receiver&>(receiver).*member)(*typed) : std::nullopt;
+  }
+};
+
+template <auto member, class Receiver, class Row>
+struct Call<member, void (Receiver::*)(const PropertyListValue&, const Row&)> {
+  static void invoke(NSObject& receiver, const PropertyListValue& value, NSObject& row) {
+    if (const auto* typed = dynamic_cast<const Row*>(&row)) {
+      (static_cast<Receiver&>(receiver).*member)(value, *typed);
+    }
+  }
+};
+
+}  // namespace method_detail
+
+template <auto member>
+constexpr Method method(std::string_view selector) {
+  return {selector, &method_detail::Call<member>::invoke};
+}

@@ -1,0 +1,41 @@
+#include "platform/preferences/MissingPaneController.h"
+
+constexpr ClassDescription MissingPaneController::classObject{"MissingPaneController",
+                                                              &PSListController::classObject,
+                                                              &allocObject<MissingPaneController>,
+                                                              {}};
+
+namespace {
+
+std::string explain(const std::string& className, MissingPaneReason reason) {
+  switch (reason) {
+    case MissingPaneReason::kNoSuchClass:
+      return "This page is made by the class “" + className +
+             "”, which is not part of this version.";
+    case MissingPaneReason::kNoPane:
+      return "This row names the class “" + className + "”, which is not a page.";
+    case MissingPaneReason::kNotMade:
+      break;
+  }
+  return "The class “" + className + "” could not set up this page.";
+}
+
+}  // namespace
+
+std::shared_ptr<MissingPaneController> MissingPaneController::forClass(
+    const std::string& className, MissingPaneReason reason,
+    const std::shared_ptr<PSSpecifier>& specifier) {
+  auto pane = allocInit<MissingPaneController>();
+  pane->explanation_ = explain(className, reason);
+  pane->setSpecifier(specifier);
+  return pane;
+}
+
+const PSSpecifiers& MissingPaneController::specifiers() {
+  if (!hasSpecifiers()) {
+    auto group = PSSpecifier::groupSpecifierWithName("Page not available");
+    group->setPropertyForKey(PropertyListValue(explanation_), "footerText");
+    setSpecifiers({group});
+  }
+  return keptSpecifiers();
+}

@@ -1,0 +1,52 @@
+#include "platform/preferences/PSEditableTableCell.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/foundation/method.h"
+#include "platform/preferences/PSTextFieldSpecifier.h"
+#include "platform/uikit/metrics.h"
+
+namespace {
+
+constexpr std::array kMethods{
+    method<&PSEditableTableCell::textFieldDidEndEditing>("textFieldDidEndEditing")};
+
+}  // namespace
+
+constexpr ClassDescription PSEditableTableCell::classObject{
+    "PSEditableTableCell", &PSTableCell::classObject, &allocObject<PSEditableTableCell>, kMethods};
+
+bool PSEditableTableCell::initWithStyleReuseIdentifierSpecifier(
+    UITableViewCellStyle style, std::string reuseIdentifier,
+    const std::shared_ptr<PSSpecifier>& specifier) {
+  if (!PSTableCell::initWithStyleReuseIdentifierSpecifier(style, std::move(reuseIdentifier),
+                                                          specifier)) {
+    return false;
+  }
+  textField_ = allocInit<UITextField>();
+  textField_->setText(textOrNothing(specifier->value()).value_or(""));
+  if (const auto field = cast<PSTextFieldSpecifier>(specifier)) {
+    textField_->setPlaceholder(field->placeholder());
+    textField_->setKeyboard(field->keyboardType(), field->autoCaps(), field->autoCorrection());
+  }
+  textField_->addTargetActionForControlEvents(shared_from_this(), "textFieldDidEndEditing",
+                                              UIControlEvent::kEditingDidEnd);
+  contentView()->addSubview(textField_);
+  return true;
+}
+
+void PSEditableTableCell::textFieldDidEndEditing() {
+  specifier()->setValue(textField_->text());
+}
+
+void PSEditableTableCell::layoutSubviews() {
+  PSTableCell::layoutSubviews();
+  const CGSize content = contentView()->bounds().size;
+  const CGRect title = textLabel()->frame();
+  const CGFloat left = title.size.width > 0
+                           ? title.origin.x + title.size.width + metrics::kTextInset
+                           : metrics::kTextInset;
+  textField_->setFrame(
+      CGRectMake(left, 0, content.width - metrics::kTextInset - left, content.height));
+}

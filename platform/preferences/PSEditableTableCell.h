@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/api.h"
+#include "platform/preferences/PSTableCell.h"
+#include "platform/uikit/UITextField.h"
+
+/// A row in which the user types: the field shows the row's value and hands what was typed to the
+/// row's setter when editing ends. Main thread.
+class PLATFORM_API PSEditableTableCell : public PSTableCell {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  bool initWithStyleReuseIdentifierSpecifier(
+      UITableViewCellStyle style, std::string reuseIdentifier,
+      const std::shared_ptr<PSSpecifier>& specifier) override;
+
+  const std::shared_ptr<UITextField>& textField() const { return textField_; }
+
+  /// Action of the field.
+  void textFieldDidEndEditing();
+
+  void layoutSubviews() override;
+
+ private:
+  std::shared_ptr<UITextField> textField_;
+};

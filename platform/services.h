@@ -1,0 +1,124 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/api.h"
+#include "platform/coregraphics/CGGeometry.h"
+#include "platform/foundation/PropertyList.h"
+
+class UIAlertView;
+class UIViewController;
+struct UIFont;
+
+/// What only a machine can give. A program installs one set of services before it makes the first
+/// object; the panes and the frameworks reach the machine through nothing else. Unless a service
+/// says otherwise it is called on the main thread only.
+
+/// Seconds since an arbitrary moment, never going back. Any thread.
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual double now() const = 0;
+};
+
+/// Files, named by device paths ("/User/…", "/Library/…"). Any thread.
+class FileService {
+ public:
+  virtual ~FileService() = default;
+
+  /// The file's bytes; nothing when it cannot be read or is larger than the service's bound.
+  virtual std::optional<PropertyListData> dataWithContentsOfFile(const std::string& path) const = 0;
+
+  /// The dictionary in a property-list file. Anything else (no file, an unreadable or oversized
+  /// one, a root of another kind) gives nothing.
+  virtual std::optional<PropertyListDictionary> dictionaryWithContentsOfFile(
+      const std::string& path) const = 0;
+
+  /// Replaces the file in one step: a reader sees the old or the new file, whole. False when the
+  /// write failed; the old file is then untouched.
+  virtual bool writeToFileAtomically(const PropertyListDictionary& dictionary,
+                                     const std::string& path) = 0;
+};
+
+/// The two calls by which a Darwin notification is posted. They reach the same observers.
+enum class NotificationCall { kCFNotificationCenter, kNotifyPost };
+
+/// Tells other processes of a notification. Observers in this process are not its concern: the
+/// notification centre queues those itself.
+class NotificationBroadcaster {
+ public:
+  virtual ~NotificationBroadcaster() = default;
+  virtual void broadcast(NotificationCall call, const std::string& name) = 0;
+};
+
+/// Starting programs and waiting for them, with the meaning of the calls of the same names.
+class ProcessService {
+ public:
+  virtual ~ProcessService() = default;
+
+  /// 0 and the process identifier, or an error number and `pid` untouched. A null environment is an
+  /// empty one.
+  virtual int posixSpawn(int& pid, const std::string& path,
+                         const std::vector<std::string>& arguments,
+                         const std::vector<std::string>* environment) = 0;
+
+  /// Waits for the end of that process; `options` are the device's. The process identifier, or -1.
+  virtual int waitpid(int pid, int& status, int options) = 0;
+};
+
+/// Opening addresses by whatever the machine has for them.
+class AddressOpener {
+ public:
+  virtual ~AddressOpener() = default;
+  virtual bool canOpen(const std::string& url) = 0;
+  /// An address that nothing handles is not reported.
+  virtual void open(const std::string& url) = 0;
+};
+
+/// Extents of text, in points.
+class TextMeasurer {
+ public:
+  virtual ~TextMeasurer() = default;
+  /// The smallest box around the text, broken into lines no wider than `width`.
+  virtual CGSize sizeOfText(std::string_view text, const UIFont& font, CGFloat width) = 0;
+};
+
+/// Pictures: only their size is the frameworks' concern, the host draws them from the file.
+class PictureService {
+ public:
+  virtual ~PictureService() = default;
+  /// The picture's size in pixels; nothing when the file is missing or no picture.
+  virtual std::optional<CGSize> pixelSize(const std::string& path) = 0;
+};
+
+/// Showing what stands above a page.
+class SheetPresenter {
+ public:
+  virtual ~SheetPresenter() = default;
+  virtual void present(UIViewController& presenter,
+                       const std::shared_ptr<UIViewController>& sheet) = 0;
+  virtual void dismiss(UIViewController& sheet) = 0;
+  virtual void show(const std::shared_ptr<UIAlertView>& alert) = 0;
+};
+
+struct Services {
+  std::shared_ptr<Clock> clock;
+  std::shared_ptr<FileService> files;
+  std::shared_ptr<NotificationBroadcaster> notifications;
+  std::shared_ptr<ProcessService> processes;
+  std::shared_ptr<AddressOpener> addresses;
+  std::shared_ptr<TextMeasurer> text;
+  std::shared_ptr<PictureService> pictures;
+  std::shared_ptr<SheetPresenter> sheets;
+};
+
+/// Main thread, before the first use of anything else; every member set.
+PLATFORM_API void installServices(Services services);
+
+/// The installed services. Any thread.
+PLATFORM_API const Services& services();

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/api.h"
+#include "platform/uikit/UIImage.h"
+#include "platform/uikit/UIViewController.h"
+
+inline constexpr std::string_view SLServiceTypeTwitter = "SLServiceTypeTwitter";
+
+enum class SLComposeViewControllerResult { kCancelled = 0, kDone = 1 };
+
+/// A sheet in which the user completes and posts a short text through a social service. Main
+/// thread.
+class PLATFORM_API SLComposeViewController : public UIViewController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  static std::shared_ptr<SLComposeViewController> composeViewControllerForServiceType(
+      std::string_view serviceType);
+
+  const std::string& serviceType() const { return serviceType_; }
+  const std::string& text() const { return text_; }
+  /// Also for the host, as the user types.
+  void setInitialText(std::string text) { text_ = std::move(text); }
+  const std::vector<std::shared_ptr<UIImage>>& images() const { return images_; }
+  void addImage(const std::shared_ptr<UIImage>& image) { images_.push_back(image); }
+  void removeAllImages() { images_.clear(); }
+
+  /// Told once how the sheet ended. Empty for nobody.
+  void setCompletionHandler(std::function<void(SLComposeViewControllerResult)> handler) {
+    completionHandler_ = std::move(handler);
+  }
+
+  /// For the host: the user has posted or cancelled. The sheet dismisses itself.
+  void finish(SLComposeViewControllerResult result);
+
+ private:
+  std::string serviceType_;
+  std::string text_;
+  std::vector<std::shared_ptr<UIImage>> images_;
+  std::function<void(SLComposeViewControllerResult)> completionHandler_;
+};

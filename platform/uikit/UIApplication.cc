@@ -1,0 +1,16 @@
+#include "platform/uikit/UIApplication.h"
+
+#include "platform/services.h"
+
+UIApplication& UIApplication::sharedApplication() {
+  static UIApplication application;
+  return application;
+}
+
+bool UIApplication::canOpenURL(const std::string& url) const {
+  return services().addresses->canOpen(url);
+}
+
+void UIApplication::openURL(const std::string& url) const {
+  services().addresses->open(url);
+}

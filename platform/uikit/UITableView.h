@@ -1,0 +1,98 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/api.h"
+#include "platform/foundation/NSIndexPath.h"
+#include "platform/uikit/UITableViewCell.h"
+#include "platform/uikit/UIView.h"
+
+class UITableView;
+
+/// Gives a table its rows. Called on the main thread while the table lays itself out.
+class PLATFORM_API UITableViewDataSource {
+ public:
+  virtual ~UITableViewDataSource();
+  virtual int numberOfSectionsInTableView(UITableView& table) = 0;
+  virtual int tableViewNumberOfRowsInSection(UITableView& table, int section) = 0;
+  virtual std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(
+      UITableView& table, NSIndexPath indexPath) = 0;
+};
+
+/// Gives a table its measures and takes the user's choice.
+class PLATFORM_API UITableViewDelegate {
+ public:
+  virtual ~UITableViewDelegate();
+  virtual CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) = 0;
+  virtual std::shared_ptr<UIView> tableViewViewForHeaderInSection(UITableView& table,
+                                                                  int section) = 0;
+  virtual std::shared_ptr<UIView> tableViewViewForFooterInSection(UITableView& table,
+                                                                  int section) = 0;
+  virtual CGFloat tableViewHeightForHeaderInSection(UITableView& table, int section,
+                                                    UIView& header) = 0;
+  virtual CGFloat tableViewHeightForFooterInSection(UITableView& table, int section,
+                                                    UIView& footer) = 0;
+  virtual void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) = 0;
+};
+
+/// A grouped list. It lays out all its rows itself: for every row in order the height is asked,
+/// then for every row in order the cell. Rows are never recycled. Main thread.
+class PLATFORM_API UITableView : public UIView {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  bool initWithFrame(CGRect frame) override;
+
+  /// Both are held without owning them and must outlive their use: the owner of the table resets
+  /// them before it goes.
+  void setDataSource(UITableViewDataSource* dataSource);
+  void setDelegate(UITableViewDelegate* delegate);
+
+  /// The view that holds every header, row and footer; its width is the width offered to cells.
+  const std::shared_ptr<UIView>& wrapperView() const { return wrapperView_; }
+  /// The whole list's size, of which the table shows a part.
+  CGSize contentSize() const { return wrapperView_->frame().size; }
+
+  /// Sections and rows have changed, or everything is to be measured again: the next layout asks
+  /// for all of it.
+  void reloadData();
+  /// The next layout asks for that row's height and cell again.
+  void reloadRowAtIndexPath(NSIndexPath indexPath);
+
+  /// The cell as last laid out; null for a place that is not there.
+  std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(NSIndexPath indexPath) const;
+  std::shared_ptr<UIView> headerViewForSection(int section) const;
+  std::shared_ptr<UIView> footerViewForSection(int section) const;
+  /// Where a cell of the table stands; nothing for a cell that is not in it.
+  std::optional<NSIndexPath> indexPathForCell(const UITableViewCell& cell) const;
+
+  void layoutSubviews() override;
+
+ private:
+  struct Row {
+    CGFloat height = 0;
+    std::shared_ptr<UITableViewCell> cell;
+    bool stale = true;
+  };
+  struct Section {
+    std::shared_ptr<UIView> header;
+    CGFloat headerHeight = 0;
+    std::vector<Row> rows;
+    std::shared_ptr<UIView> footer;
+    CGFloat footerHeight = 0;
+  };
+
+  const Row* rowAt(NSIndexPath indexPath) const;
+  void countRows();
+  void refreshStaleRows();
+  void adopt(Row& row, const std::shared_ptr<UITableViewCell>& cell);
+  void placeEverything();
+
+  UITableViewDataSource* dataSource_ = nullptr;
+  UITableViewDelegate* delegate_ = nullptr;
+  std::shared_ptr<UIView> wrapperView_;
+  std::vector<Section> sections_;
+  bool allStale_ = true;
+};

@@ -1,0 +1,148 @@
+#include "platform/uikit/UIView.h"
+
+#include <algorithm>
+
+#include "platform/uikit/UITapGestureRecognizer.h"
+#include "platform/uikit/UITextField.h"
+#include "platform/uikit/metrics.h"
+
+constexpr ClassDescription UIView::classObject{
+    "UIView", &NSObject::classObject, &allocObject<UIView>, {}};
+
+namespace {
+
+UIViewObserver*& currentObserver() {
+  static UIViewObserver* observer = nullptr;
+  return observer;
+}
+
+}  // namespace
+
+UIView::~UIView() {
+  if (auto* observer = currentObserver()) {
+    observer->viewDestroyed(*this);
+  }
+}
+
+bool UIView::init() {
+  return initWithFrame(CGRectZero);
+}
+
+bool UIView::initWithFrame(CGRect frame) {
+  if (!NSObject::init()) {
+    return false;
+  }
+  frame_ = frame;
+  return true;
+}
+
+void UIView::setFrame(CGRect frame) {
+  if (frame == frame_) {
+    return;
+  }
+  const bool resized = frame.size != frame_.size;
+  frame_ = frame;
+  if (resized) {
+    needsLayout_ = true;
+  }
+  setNeedsDisplay();
+}
+
+void UIView::addSubview(const std::shared_ptr<UIView>& view) {
+  view->removeFromSuperview();
+  view->superview_ = cast<UIView>(shared_from_this());
+  subviews_.push_back(view);
+  setNeedsLayout();
+}
+
+void UIView::removeFromSuperview() {
+  const auto superview = superview_.lock();
+  if (!superview) {
+    return;
+  }
+  superview_.reset();
+  const auto keptAlive = shared_from_this();
+  std::erase_if(superview->subviews_, [this](const auto& view) { return view.get() == this; });
+  superview->setNeedsLayout();
+}
+
+void UIView::setHidden(bool hidden) {
+  if (hidden != hidden_) {
+    hidden_ = hidden;
+    setNeedsDisplay();
+  }
+}
+
+void UIView::setUserInteractionEnabled(bool enabled) {
+  if (enabled != userInteractionEnabled_) {
+    userInteractionEnabled_ = enabled;
+    setNeedsDisplay();
+  }
+}
+
+void UIView::setBackgroundColor(std::optional<UIColor> color) {
+  backgroundColor_ = color;
+  setNeedsDisplay();
+}
+
+UIColor UIView::tintColor() const {
+  if (tintColor_) {
+    return *tintColor_;
+  }
+  const auto parent = superview();
+  return parent ? parent->tintColor() : metrics::kTintColor;
+}
+
+void UIView::setTintColor(std::optional<UIColor> color) {
+  tintColor_ = color;
+  setNeedsDisplay();
+}
+
+void UIView::setCornerRadius(CGFloat radius) {
+  cornerRadius_ = radius;
+  setNeedsDisplay();
+}
+
+void UIView::addGestureRecognizer(const std::shared_ptr<UITapGestureRecognizer>& recognizer) {
+  gestureRecognizers_.push_back(recognizer);
+  setNeedsDisplay();
+}
+
+void UIView::setNeedsLayout() {
+  needsLayout_ = true;
+  setNeedsDisplay();
+}
+
+void UIView::layoutIfNeeded() {
+  if (needsLayout_) {
+    needsLayout_ = false;
+    layoutSubviews();
+  }
+  // A copy: laying out a subview may change the list.
+  const auto children = subviews_;
+  for (const auto& view : children) {
+    view->layoutIfNeeded();
+  }
+}
+
+void UIView::layoutSubviews() {}
+
+bool UIView::endEditing(bool force) {
+  const auto field = UITextField::firstResponder();
+  for (std::shared_ptr<UIView> view = field; view; view = view->superview()) {
+    if (view.get() == this) {
+      return field->resignFirstResponder() || force;
+    }
+  }
+  return true;
+}
+
+void UIView::setObserver(UIViewObserver* observer) {
+  currentObserver() = observer;
+}
+
+void UIView::setNeedsDisplay() {
+  if (auto* observer = currentObserver()) {
+    observer->viewChanged(*this);
+  }
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/api.h"
+#include "platform/coregraphics/CGGeometry.h"
+#include "platform/foundation/NSObject.h"
+#include "platform/uikit/UIColor.h"
+
+class UITapGestureRecognizer;
+class UIView;
+
+/// Follows every view of the process, for a host that mirrors views on a screen. Main thread.
+class UIViewObserver {
+ public:
+  virtual ~UIViewObserver() = default;
+  /// Something that the view shows, its place or its subviews changed, or its layout became stale.
+  virtual void viewChanged(UIView& view) = 0;
+  /// The view is being destroyed; only its address may be used.
+  virtual void viewDestroyed(const UIView& view) = 0;
+};
+
+/// A rectangle on the screen. Frames are in points in the superview. A view owns its subviews and
+/// knows its superview weakly. Main thread.
+class PLATFORM_API UIView : public NSObject {
+ public:
+  static const ClassDescription classObject;
+
+  UIView() = default;
+  ~UIView() override;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  bool init() override;
+  virtual bool initWithFrame(CGRect frame);
+
+  CGRect frame() const { return frame_; }
+  void setFrame(CGRect frame);
+  /// The view's own rectangle: origin 0,0 and the frame's size.
+  CGRect bounds() const { return {{}, frame_.size}; }
+
+  const std::vector<std::shared_ptr<UIView>>& subviews() const { return subviews_; }
+  std::shared_ptr<UIView> superview() const { return superview_.lock(); }
+  /// Adds the view as the topmost; it leaves its former superview first.
+  void addSubview(const std::shared_ptr<UIView>& view);
+  void removeFromSuperview();
+
+  bool isHidden() const { return hidden_; }
+  void setHidden(bool hidden);
+  bool isUserInteractionEnabled() const { return userInteractionEnabled_; }
+  void setUserInteractionEnabled(bool enabled);
+
+  /// Nothing is transparent.
+  const std::optional<UIColor>& backgroundColor() const { return backgroundColor_; }
+  void setBackgroundColor(std::optional<UIColor> color);
+  /// The tint in force here: the view's own or the nearest superview's, else the system's.
+  UIColor tintColor() const;
+  void setTintColor(std::optional<UIColor> color);
+  /// Radius of the rounded corners, in points.
+  CGFloat cornerRadius() const { return cornerRadius_; }
+  void setCornerRadius(CGFloat radius);
+
+  void addGestureRecognizer(const std::shared_ptr<UITapGestureRecognizer>& recognizer);
+  const std::vector<std::shared_ptr<UITapGestureRecognizer>>& gestureRecognizers() const {
+    return gestureRecognizers_;
+  }
+
+  /// Asks for layoutSubviews before the view is next shown.
+  void setNeedsLayout();
+  /// Lays out this view and everything below it as far as asked for.
+  void layoutIfNeeded();
+  /// Places the subviews. Overrides call the superclass's first.
+  virtual void layoutSubviews();
+
+  /// Ends editing in the text field that has the focus in or below this view, if there is one.
+  /// True when no field keeps the focus.
+  bool endEditing(bool force);
+
+  /// At most one observer; null for none.
+  static void setObserver(UIViewObserver* observer);
+
+ protected:
+  /// Tells the observer that what the view shows has changed.
+  void setNeedsDisplay();
+
+ private:
+  CGRect frame_;
+  std::vector<std::shared_ptr<UIView>> subviews_;
+  std::weak_ptr<UIView> superview_;
+  std::optional<UIColor> backgroundColor_;
+  std::optional<UIColor> tintColor_;
+  std::vector<std::shared_ptr<UITapGestureRecognizer>> gestureRecognizers_;
+  CGFloat cornerRadius_ = 0;
+  bool hidden_ = false;
+  bool userInteractionEnabled_ = true;
+  bool needsLayout_ = true;
+};

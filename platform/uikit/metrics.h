@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/coregraphics/CGGeometry.h"
+#include "platform/uikit/UIColor.h"
+#include "platform/uikit/UIFont.h"
+
+/// The measures of a grouped settings list, in points: the one place to correct them.
+namespace metrics {
+
+inline constexpr CGFloat kRowHeight = 44;
+inline constexpr CGFloat kSeparatorInset = 15;
+inline constexpr CGFloat kTextInset = 15;
+inline constexpr CGFloat kIconSize = 29;
+inline constexpr CGFloat kTitleDetailGap = 5;
+/// What a title keeps of the row when title and value do not both fit.
+inline constexpr double kTitleShare = 0.6;
+/// What an indicator takes from the content view, its margin included.
+inline constexpr CGFloat kDisclosureWidth = 33;
+inline constexpr CGFloat kCheckmarkWidth = 39;
+inline constexpr CGFloat kAccessoryMargin = 15;
+
+inline constexpr CGFloat kGroupGap = 35;
+inline constexpr CGFloat kHeaderTextGap = 7;
+inline constexpr CGFloat kFooterTextGap = 7;
+
+inline constexpr CGFloat kBadgeHeight = 22;
+inline constexpr CGFloat kBadgePadding = 7;
+
+inline constexpr UIFont kTitleFont = UIFont::systemFontOfSize(17);
+inline constexpr UIFont kDetailFont = UIFont::systemFontOfSize(17);
+inline constexpr UIFont kHeaderFont = UIFont::systemFontOfSize(13);
+inline constexpr UIFont kBadgeFont = UIFont::systemFontOfSize(15);
+
+inline constexpr UIColor kTitleColor = UIColor::blackColor();
+inline constexpr UIColor kDetailColor{142.0 / 255, 142.0 / 255, 147.0 / 255, 1};
+inline constexpr UIColor kHeaderColor{109.0 / 255, 109.0 / 255, 114.0 / 255, 1};
+inline constexpr UIColor kTintColor{0, 122.0 / 255, 1, 1};
+inline constexpr UIColor kBadgeColor{1, 59.0 / 255, 48.0 / 255, 1};
+
+}  // namespace metrics
