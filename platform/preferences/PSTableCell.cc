@@ -71,7 +71,7 @@ bool PSTableCell::initWithStyleReuseIdentifierSpecifier(
   if (specifier->cellType() == PSCellType::kButton) {
     textLabel()->setTextColor(metrics::kTintColor);
   }
-  if (detailTextLabel() && specifier->cellType() != PSCellType::kListItem) {
+  if (detailTextLabel()) {
     detailTextLabel()->setText(shownText(specifier->value()));
   }
   if (specifier->cellType() == PSCellType::kLink) {
