@@ -1,0 +1,75 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/foundation/PropertyList.h"
+#include "platform/services.h"
+
+/// One thing that the panes asked of the machine.
+
+struct WriteEvent {
+  std::string path;  // device path
+  PropertyListDictionary settings;
+  bool ok = false;
+  bool operator==(const WriteEvent&) const = default;
+};
+
+struct PostEvent {
+  NotificationCall call = NotificationCall::kCFNotificationCenter;
+  std::string name;
+  bool operator==(const PostEvent&) const = default;
+};
+
+struct SpawnEvent {
+  std::string path;
+  std::vector<std::string> arguments;
+  std::optional<std::vector<std::string>> environment;
+  bool operator==(const SpawnEvent&) const = default;
+};
+
+struct WaitEvent {
+  int options = 0;
+  bool operator==(const WaitEvent&) const = default;
+};
+
+struct CanOpenEvent {
+  std::string url;
+  bool answer = false;
+  bool operator==(const CanOpenEvent&) const = default;
+};
+
+struct OpenEvent {
+  std::string url;
+  bool operator==(const OpenEvent&) const = default;
+};
+
+struct AlertEvent {
+  std::string title;
+  std::string message;
+  std::string button;
+  bool operator==(const AlertEvent&) const = default;
+};
+
+/// Who presented a sheet: a pane, the navigation controller around it, or the one around that.
+enum class Presenter { kPane, kInner, kOuter };
+
+struct PresentComposeEvent {
+  std::string service;
+  std::string text;
+  std::size_t images = 0;
+  Presenter from = Presenter::kPane;
+  bool operator==(const PresentComposeEvent&) const = default;
+};
+
+enum class SheetKind { kCompose };
+
+struct DismissEvent {
+  SheetKind sheet = SheetKind::kCompose;
+  bool operator==(const DismissEvent&) const = default;
+};
+
+using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, CanOpenEvent, OpenEvent,
+                           AlertEvent, PresentComposeEvent, DismissEvent>;

@@ -1,0 +1,21 @@
+#include "tests/support/MemoryFiles.h"
+
+std::optional<PropertyListData> MemoryFiles::dataWithContentsOfFile(
+    const std::string& /*path*/) const {
+  return std::nullopt;
+}
+
+std::optional<PropertyListDictionary> MemoryFiles::dictionaryWithContentsOfFile(
+    const std::string& path) const {
+  const auto found = dictionaries.find(path);
+  return found == dictionaries.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool MemoryFiles::writeToFileAtomically(const PropertyListDictionary& dictionary,
+                                        const std::string& path) {
+  if (failsToWrite) {
+    return false;
+  }
+  dictionaries[path] = dictionary;
+  return true;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/services.h"
+
+/// Files that exist only in memory, by device path. Writes can be made to fail.
+class MemoryFiles : public FileService {
+ public:
+  std::optional<PropertyListData> dataWithContentsOfFile(const std::string& path) const override;
+  std::optional<PropertyListDictionary> dictionaryWithContentsOfFile(
+      const std::string& path) const override;
+  bool writeToFileAtomically(const PropertyListDictionary& dictionary,
+                             const std::string& path) override;
+
+  std::map<std::string, PropertyListDictionary> dictionaries;
+  bool failsToWrite = false;
+};

@@ -1,0 +1,195 @@
+#include "platform/preferences/PSListController.h"
+
+#include "platform/foundation/method.h"
+#include "platform/uikit/UITableViewHeaderFooterView.h"
+#include "platform/uikit/metrics.h"
+#include "tests/support/PaneTest.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+std::shared_ptr<PSSpecifier> row(const char* name) {
+  return PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(name, nullptr, "", "", "",
+                                                                         PSCellType::kLink, "");
+}
+
+// a, then the group g with b and c, then the empty group h.
+class Pane : public PSListController {
+ public:
+  const PSSpecifiers& specifiers() override {
+    if (!hasSpecifiers()) {
+      setSpecifiers({row("a"), PSSpecifier::groupSpecifierWithName("g"), row("b"), row("c"),
+                     PSSpecifier::groupSpecifierWithName("h")});
+    }
+    return keptSpecifiers();
+  }
+  void viewDidLoad() override {
+    PSListController::viewDidLoad();
+    order.emplace_back(hasSpecifiers() ? "viewDidLoad with rows" : "viewDidLoad");
+  }
+  void viewWillAppear(bool animated) override {
+    PSListController::viewWillAppear(animated);
+    order.emplace_back(hasSpecifiers() ? "viewWillAppear with rows" : "viewWillAppear");
+  }
+  std::vector<std::string> order;
+};
+
+class ListControllerTest : public PaneTest {
+ protected:
+  static std::vector<std::string> names(PSListController& pane) {
+    std::vector<std::string> list;
+    for (const auto& specifier : pane.specifiers()) {
+      list.push_back(specifier->name());
+    }
+    return list;
+  }
+};
+
+TEST_F(ListControllerTest, TheViewLoadsThenTheRowsAreBuiltThenThePaneAppears) {
+  EXPECT_THAT(open<Pane>()->order, ElementsAre("viewDidLoad", "viewWillAppear with rows"));
+}
+
+TEST_F(ListControllerTest, RowsBeforeTheFirstGroupAreASectionWithoutATitle) {
+  const auto pane = open<Pane>();
+  EXPECT_EQ(pane->indexForIndexPath({0, 0}), 0);
+  EXPECT_EQ(pane->indexForIndexPath({1, 0}), 2);
+  EXPECT_EQ(pane->indexForIndexPath({1, 1}), 3);
+  EXPECT_EQ(pane->indexForIndexPath({1, 2}), std::nullopt);
+  EXPECT_EQ(pane->indexForIndexPath({3, 0}), std::nullopt);
+  EXPECT_EQ(pane->indexForIndexPath({-1, 0}), std::nullopt);
+  EXPECT_EQ(pane->indexPathForIndex(1), std::nullopt);
+  EXPECT_EQ(pane->indexPathForIndex(3), (NSIndexPath{1, 1}));
+  EXPECT_EQ(pane->sectionForIndex(0), 0);
+  EXPECT_EQ(pane->sectionForIndex(1), 1);
+  EXPECT_EQ(pane->sectionForIndex(4), 2);
+  EXPECT_EQ(pane->sectionForIndex(5), std::nullopt);
+}
+
+TEST_F(ListControllerTest, ARowKeepsItsCellUntilItIsReloaded) {
+  const auto pane = open<Pane>();
+  const auto cell = cellAt(*pane, 2);
+  EXPECT_EQ(pane->tableViewCellForRowAtIndexPath(*pane->table(), {1, 0}), cell);
+  width = 414;
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2), cell);
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  EXPECT_NE(cellAt(*pane, 2), cell);
+}
+
+TEST_F(ListControllerTest, ReloadingWhatIsNotThereDoesNothing) {
+  const auto pane = open<Pane>();
+  const auto cell = cellAt(*pane, 2);
+  pane->reloadSpecifierIDAnimated("z", false);
+  pane->reloadSpecifier(nullptr);
+  pane->reloadSpecifier(row("b"));
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2), cell);
+}
+
+TEST_F(ListControllerTest, ARunOfRowsIsReplacedAndTheOtherCellsStay) {
+  const auto pane = open<Pane>();
+  const auto kept = cellAt(*pane, 2);
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({pane->specifierForID("c")},
+                                                          {row("d"), row("e")}, true);
+  layOut();
+  EXPECT_THAT(names(*pane), ElementsAre("a", "g", "b", "d", "e", "h"));
+  EXPECT_EQ(cellAt(*pane, 2), kept);
+  EXPECT_EQ(cellAt(*pane, 4)->textLabel()->text(), "e");
+}
+
+TEST_F(ListControllerTest, RowsThatAreNoRunAreNotReplaced) {
+  const auto pane = open<Pane>();
+  const auto a = pane->specifierForID("a");
+  const auto c = pane->specifierForID("c");
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({a, c}, {row("d")}, true);
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({row("c")}, {row("d")}, true);
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({}, {row("d")}, true);
+  EXPECT_THAT(names(*pane), ElementsAre("a", "g", "b", "c", "h"));
+}
+
+TEST_F(ListControllerTest, AGroupsTextsAreItsHeaderAndFooter) {
+  const auto pane = open<Pane>();
+  pane->specifierAtIndex(1)->setPropertyForKey(PropertyListValue("below"), "footerText");
+  pane->specifierAtIndex(1)->setPropertyForKey(PropertyListValue(1), "alignment");
+  pane->reloadSpecifier(pane->specifierAtIndex(1));
+  layOut();
+  const auto header = cast<UITableViewHeaderFooterView>(pane->table()->headerViewForSection(1));
+  const auto footer = cast<UITableViewHeaderFooterView>(pane->table()->footerViewForSection(1));
+  EXPECT_EQ(header->textLabel()->text(), "g");
+  EXPECT_EQ(footer->textLabel()->text(), "below");
+  EXPECT_EQ(footer->textLabel()->textAlignment(), NSTextAlignment::kCenter);
+}
+
+TEST_F(ListControllerTest, ALongFooterTakesMoreLinesInANarrowerTable) {
+  const auto pane = open<Pane>();
+  pane->specifierAtIndex(1)->setPropertyForKey(
+      PropertyListValue("A text that says at some length what the rows above it are good for."),
+      "footerText");
+  pane->reloadSpecifier(pane->specifierAtIndex(1));
+  layOut();
+  const auto wide = pane->table()->footerViewForSection(1)->frame().size.height;
+  width = 160;
+  layOut();
+  EXPECT_GT(pane->table()->footerViewForSection(1)->frame().size.height, wide);
+}
+
+TEST_F(ListControllerTest, AFixedHeightIsTheRowsHeight) {
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue(100), "height");
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, 100);
+}
+
+TEST_F(ListControllerTest, AClassOfAnotherKindAsCellLeavesThePlatformsCell) {
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue("PSListController"), "cellClass");
+  pane->specifierForID("c")->setPropertyForKey(PropertyListValue("NoSuchClass"), "cellClass");
+  pane->reloadSpecifierIDAnimated("b", false);
+  pane->reloadSpecifierIDAnimated("c", false);
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2)->textLabel()->text(), "b");
+  EXPECT_EQ(cellAt(*pane, 3)->textLabel()->text(), "c");
+}
+
+TEST_F(ListControllerTest, ARowWithNeitherPaneNorActionDoesNothing) {
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setAction("nobodyAnswers");
+  pane->selectSpecifier(pane->specifierForID("a"));
+  pane->selectSpecifier(pane->specifierForID("b"));
+  pane->selectSpecifier(pane->specifierAtIndex(1));
+  EXPECT_EQ(inner->topViewController(), pane);
+}
+
+TEST_F(ListControllerTest, APaneKnowsBothNavigationControllersAroundIt) {
+  const auto pane = open<Pane>();
+  EXPECT_EQ(pane->navigationController(), inner);
+  EXPECT_EQ(pane->navigationController()->navigationController(), outer);
+  EXPECT_EQ(outer->navigationController(), nullptr);
+}
+
+TEST_F(ListControllerTest, APaneThatIsNoPaneOrUnknownIsAPageThatSaysSo) {
+  const auto unknown = makePane("QDNothing", nullptr);
+  const auto cell = makePane("PSTableCell", nullptr);
+  for (const auto& page : {unknown, cell}) {
+    const auto list = cast<PSListController>(page);
+    ASSERT_TRUE(list);
+    EXPECT_NE(list->specifiers().front()->textForKey("footerText"), std::nullopt);
+  }
+}
+
+TEST_F(ListControllerTest, ABadgeIsDrawnUnlessItsTextIsEmpty) {
+  const auto pane = open<Pane>();
+  const auto plain = cellAt(*pane, 2)->contentView()->subviews().size();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue("2"), "badgeString");
+  pane->specifierForID("c")->setPropertyForKey(PropertyListValue(""), "badgeString");
+  pane->reloadSpecifierIDAnimated("b", false);
+  pane->reloadSpecifierIDAnimated("c", false);
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2)->contentView()->subviews().size(), plain + 1);
+  EXPECT_EQ(cellAt(*pane, 3)->contentView()->subviews().size(), plain);
+}
+
+}  // namespace

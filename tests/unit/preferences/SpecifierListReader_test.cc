@@ -1,0 +1,100 @@
+#include "platform/preferences/PSTextFieldSpecifier.h"
+#include "platform/uikit/UIImage.h"
+#include "tests/support/PaneTest.h"
+
+namespace {
+
+using testing::IsEmpty;
+
+class Pane : public PSListController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+  PSSpecifiers load() { return loadSpecifiersFromPlistNameTarget("list", shared_from_this()); }
+};
+
+constexpr ClassDescription Pane::classObject{
+    "Pane", &PSListController::classObject, &allocObject<Pane>, {}};
+constexpr std::array<const ClassDescription*, 1> kClasses{&Pane::classObject};
+
+class SpecifierListTest : public PaneTest {
+ protected:
+  SpecifierListTest() { NSBundle::load(kBundle, ClassTable{kClasses}); }
+
+  PSSpecifiers load(const PropertyListDictionary& resource) {
+    files->dictionaries[std::string(kBundle) + "/list.plist"] = resource;
+    return pane->load();
+  }
+  PSSpecifiers loadItem(const PropertyListDictionary& item) {
+    return load({{"items", PropertyListArray{item}}});
+  }
+
+  std::shared_ptr<Pane> pane = allocInit<Pane>();
+};
+
+TEST_F(SpecifierListTest, AMissingListOrOneWithoutItemsGivesNoRows) {
+  EXPECT_THAT(pane->load(), IsEmpty());
+  EXPECT_THAT(load({{"title", "T"}}), IsEmpty());
+  EXPECT_THAT(load({{"items", "text"}}), IsEmpty());
+}
+
+TEST_F(SpecifierListTest, ItemsThatAreNoDictionariesArePassedOver) {
+  const auto rows =
+      load({{"items", PropertyListArray{1, PropertyListDictionary{{"label", "a"}}, "x"}}});
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0]->name(), "a");
+}
+
+TEST_F(SpecifierListTest, TheListsTitleBecomesThePanes) {
+  load({{"title", "QuietDial"}, {"items", PropertyListArray{}}});
+  EXPECT_EQ(pane->title(), "QuietDial");
+}
+
+TEST_F(SpecifierListTest, EveryOtherEntryIsAPropertyWithItsOwnType) {
+  const auto rows = loadItem({{"cell", "PSLinkCell"},
+                              {"label", "a"},
+                              {"id", "b"},
+                              {"dynamicHeight", true},
+                              {"default", 2},
+                              {"ratio", 0.5}});
+  EXPECT_EQ(rows[0]->cellType(), PSCellType::kLink);
+  EXPECT_EQ(rows[0]->identifier(), "b");
+  EXPECT_TRUE(rows[0]->plistForKey("dynamicHeight")->get<bool>());
+  EXPECT_EQ(rows[0]->plistForKey("default"), PropertyListValue(2));
+  EXPECT_TRUE(rows[0]->plistForKey("ratio")->get<double>());
+  EXPECT_EQ(rows[0]->propertyForKey("label"), std::nullopt);
+}
+
+TEST_F(SpecifierListTest, EntriesOfTheWrongTypeAreAsIfAbsent) {
+  const auto rows =
+      loadItem({{"cell", 3}, {"label", PropertyListArray{}}, {"detail", true}, {"icon", 1}});
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0]->cellType(), PSCellType::kDefault);
+  EXPECT_EQ(rows[0]->name(), "");
+  EXPECT_EQ(rows[0]->detail(), "");
+}
+
+TEST_F(SpecifierListTest, ATextFieldGetsItsPlaceholderAndKeyboard) {
+  const auto rows =
+      loadItem({{"cell", "PSEditTextCell"}, {"placeholder", "Number"}, {"keyboard", "phone"}});
+  const auto field = cast<PSTextFieldSpecifier>(rows[0]);
+  ASSERT_TRUE(field);
+  EXPECT_EQ(field->placeholder(), "Number");
+  EXPECT_EQ(field->keyboardType(), UIKeyboardType::kPhonePad);
+}
+
+TEST_F(SpecifierListTest, AnIconIsLoadedFromTheBundle) {
+  pictures->sizes[std::string(kBundle) + "/icon@3x.png"] = {87, 87};
+  const auto rows = loadItem({{"cell", "PSLinkCell"}, {"icon", "icon.png"}});
+  const auto property = rows[0]->propertyForKey("iconImage");
+  ASSERT_TRUE(property);
+  const auto image = cast<UIImage>(std::get<std::shared_ptr<NSObject>>(*property));
+  EXPECT_EQ(image->name(), "icon.png");
+  EXPECT_EQ(image->size(), (CGSize{29, 29}));
+}
+
+TEST_F(SpecifierListTest, AnIconThatIsMissingLeavesTheRowWithoutOne) {
+  EXPECT_EQ(loadItem({{"icon", "icon.png"}})[0]->propertyForKey("iconImage"), std::nullopt);
+}
+
+}  // namespace

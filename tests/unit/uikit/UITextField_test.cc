@@ -1,0 +1,70 @@
+#include "platform/uikit/UITextField.h"
+
+#include "platform/foundation/method.h"
+#include "tests/support/PaneTest.h"
+
+namespace {
+
+class Listener : public NSObject {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+  void ended() { ++count; }
+  int count = 0;
+};
+
+constexpr std::array kMethods{method<&Listener::ended>("ended")};
+constexpr ClassDescription Listener::classObject{"Listener", &NSObject::classObject,
+                                                 &allocObject<Listener>, kMethods};
+
+class TextFieldTest : public PaneTest {
+ protected:
+  TextFieldTest() {
+    field->addTargetActionForControlEvents(listener, "ended", UIControlEvent::kEditingDidEnd);
+  }
+  std::shared_ptr<Listener> listener = allocInit<Listener>();
+  std::shared_ptr<UITextField> field = allocInit<UITextField>();
+};
+
+TEST_F(TextFieldTest, AnEditIsCommittedOnceHoweverTheFocusGoes) {
+  field->becomeFirstResponder();
+  field->edit("a");
+  field->pressReturn();
+  field->resignFirstResponder();
+  EXPECT_EQ(listener->count, 1);
+  EXPECT_FALSE(field->isFirstResponder());
+}
+
+TEST_F(TextFieldTest, AnotherFieldsFocusCommitsTheEditFirst) {
+  const auto other = allocInit<UITextField>();
+  field->becomeFirstResponder();
+  field->edit("a");
+  other->becomeFirstResponder();
+  EXPECT_EQ(listener->count, 1);
+  EXPECT_EQ(UITextField::firstResponder(), other);
+}
+
+TEST_F(TextFieldTest, ATextSetByTheProgramIsNoEdit) {
+  field->becomeFirstResponder();
+  field->setText("a");
+  field->resignFirstResponder();
+  EXPECT_EQ(listener->count, 0);
+}
+
+TEST_F(TextFieldTest, EndEditingReachesTheFieldBelowTheViewOnly) {
+  const auto view = allocInit<UIView>();
+  const auto elsewhere = allocInit<UIView>();
+  view->addSubview(field);
+  field->becomeFirstResponder();
+  elsewhere->endEditing(true);
+  EXPECT_TRUE(field->isFirstResponder());
+  view->endEditing(true);
+  EXPECT_FALSE(field->isFirstResponder());
+}
+
+TEST_F(TextFieldTest, ADisabledFieldTakesNoFocus) {
+  field->setEnabled(false);
+  EXPECT_FALSE(field->becomeFirstResponder());
+}
+
+}  // namespace
