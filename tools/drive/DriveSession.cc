@@ -1,0 +1,385 @@
+#include "tools/drive/DriveSession.h"
+
+#include <array>
+#include <cmath>
+#include <stdexcept>
+#include <string_view>
+#include <utility>
+
+#include "core/preferenceStore.h"
+#include "platform/foundation/MainQueue.h"
+#include "platform/preferences/PSEditableTableCell.h"
+#include "platform/services.h"
+#include "platform/uikit/UIButton.h"
+#include "prefix/prefixes.h"
+#include "tools/drive/report.h"
+
+namespace {
+
+// Nothing scrolls in a script: the table is as high as its rows, and any height will do for the
+// page.
+constexpr CGFloat kPageHeight = 568;
+
+// A request that cannot be carried out; the message is the reply's sentence.
+class Refusal : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+const Json& member(const Json& request, const char* name) {
+  const auto found = request.find(name);
+  if (found == request.end()) {
+    throw Refusal("The request has no \"" + std::string(name) + "\".");
+  }
+  return *found;
+}
+
+std::string textMember(const Json& request, const char* name) {
+  const auto& value = member(request, name);
+  if (!value.is_string()) {
+    throw Refusal("\"" + std::string(name) + "\" has to be a text.");
+  }
+  return value.get<std::string>();
+}
+
+int indexMember(const Json& request, const char* name) {
+  const auto& value = member(request, name);
+  constexpr std::int64_t kLargest = 1'000'000;
+  if (!value.is_number_integer() || value.get<double>() < 0 || value.get<double>() > kLargest) {
+    throw Refusal("\"" + std::string(name) + "\" has to be a whole number from 0.");
+  }
+  return value.get<int>();
+}
+
+double numberMember(const Json& request, const char* name, double least, double most) {
+  const auto& value = member(request, name);
+  const double number = value.is_number() ? value.get<double>() : NAN;
+  if (!(number >= least && number <= most)) {
+    throw Refusal("\"" + std::string(name) + "\" has to be a number from " + Json(least).dump() +
+                  " to " + Json(most).dump() + ".");
+  }
+  return number;
+}
+
+void collectButtons(const UIView& view, std::vector<std::shared_ptr<UIButton>>& buttons) {
+  for (const auto& child : view.subviews()) {
+    if (auto button = cast<UIButton>(child)) {
+      buttons.push_back(std::move(button));
+    }
+    collectButtons(*child, buttons);
+  }
+}
+
+Json failure(const std::string& sentence) {
+  return {{"ok", false}, {"error", sentence}};
+}
+
+Json success() {
+  return {{"ok", true}};
+}
+
+}  // namespace
+
+DriveSession::DriveSession(Options options, const BundleModule& module,
+                           std::shared_ptr<ManualClock> clock, std::shared_ptr<Recorder> recorder,
+                           std::shared_ptr<RecordingSheets> sheets)
+    : options_(std::move(options)),
+      module_(module),
+      clock_(std::move(clock)),
+      recorder_(std::move(recorder)),
+      sheets_(std::move(sheets)),
+      outer_(allocInit<UINavigationController>()),
+      inner_(allocInit<UINavigationController>()) {
+  outer_->pushViewControllerAnimated(inner_, false);
+}
+
+Json DriveSession::answer(const std::string& line) {
+  const Json request = Json::parse(line, nullptr, /*allow_exceptions=*/false);
+  if (!request.is_object()) {
+    return failure("The line is not a JSON object.");
+  }
+  Json reply;
+  try {
+    const auto settles = request.find("settle");
+    if (settles != request.end() && !settles->is_boolean()) {
+      throw Refusal("\"settle\" has to be true or false.");
+    }
+    reply = carryOut(request);
+    if (settles == request.end() || settles->get<bool>()) {
+      settle();
+    }
+  } catch (const Refusal& refusal) {
+    reply = failure(refusal.what());
+  }
+  if (const auto tag = request.find("tag"); tag != request.end()) {
+    reply["tag"] = *tag;
+  }
+  return reply;
+}
+
+Json DriveSession::carryOut(const Json& request) {
+  using Handler = Json (DriveSession::*)(const Json&);
+  static constexpr std::array<std::pair<std::string_view, Handler>, 18> kHandlers{{
+      {"push", &DriveSession::push},
+      {"tap", &DriveSession::tap},
+      {"pop", &DriveSession::pop},
+      {"rows", &DriveSession::rows},
+      {"views", &DriveSession::views},
+      {"segment", &DriveSession::segment},
+      {"press", &DriveSession::press},
+      {"type", &DriveSession::type},
+      {"bar", &DriveSession::bar},
+      {"sheet", &DriveSession::sheet},
+      {"resize", &DriveSession::resize},
+      {"refresh", &DriveSession::refresh},
+      {"advance", &DriveSession::advance},
+      {"memory-warning", &DriveSession::memoryWarning},
+      {"settings", &DriveSession::settings},
+      {"events", &DriveSession::events},
+      {"globals", &DriveSession::globals},
+      {"quit", &DriveSession::quit},
+  }};
+  const auto name = textMember(request, "do");
+  for (const auto& [known, handler] : kHandlers) {
+    if (known == name) {
+      return (this->*handler)(request);
+    }
+  }
+  throw Refusal("Nothing is known by the name \"" + name + "\".");
+}
+
+Json DriveSession::push(const Json& request) {
+  const auto className = textMember(request, "pane");
+  const auto* description = NSClassFromString(className);
+  if (!description || !description->isSubclassOf(PSListController::classObject)) {
+    throw Refusal("There is no pane \"" + className + "\".");
+  }
+  const auto row = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+      "", nullptr, "", "", className, PSCellType::kLink, "");
+  if (options_.entryBadge) {
+    row->setPropertyForKey(PropertyListValue(*options_.entryBadge), "badgeString");
+  }
+  inner_->pushViewControllerAnimated(makePane(className, row), true);
+  layOut();
+  return whereWeAre();
+}
+
+Json DriveSession::tap(const Json& request) {
+  auto& pane = requireTopPane();
+  pane.selectSpecifier(requireRow(pane, request));
+  layOut();
+  return whereWeAre();
+}
+
+Json DriveSession::pop(const Json& /*request*/) {
+  if (!inner_->popViewControllerAnimated(true)) {
+    throw Refusal("No pane is open.");
+  }
+  layOut();
+  return whereWeAre();
+}
+
+Json DriveSession::rows(const Json& /*request*/) {
+  Json reply = success();
+  reply.update(reportPane(requireTopPane()));
+  return reply;
+}
+
+Json DriveSession::views(const Json& request) {
+  auto& pane = requireTopPane();
+  Json reply = success();
+  reply["view"] = reportView(*requireCell(pane, request));
+  return reply;
+}
+
+Json DriveSession::segment(const Json& request) {
+  auto& pane = requireTopPane();
+  requireCell(pane, request);
+  indexMember(request, "index");
+  throw Refusal("Row " + member(request, "row").dump() + " has no segmented control.");
+}
+
+Json DriveSession::press(const Json& request) {
+  auto& pane = requireTopPane();
+  const auto cell = requireCell(pane, request);
+  const auto number = static_cast<std::size_t>(indexMember(request, "button"));
+  std::vector<std::shared_ptr<UIButton>> buttons;
+  collectButtons(*cell, buttons);
+  if (number == 0 || number > buttons.size()) {
+    throw Refusal("Row " + member(request, "row").dump() + " has " +
+                  std::to_string(buttons.size()) + " buttons, counted from 1.");
+  }
+  buttons[number - 1]->sendActionsForControlEvents(UIControlEvent::kTouchUpInside);
+  layOut();
+  return success();
+}
+
+Json DriveSession::type(const Json& request) {
+  auto& pane = requireTopPane();
+  const auto cell = cast<PSEditableTableCell>(requireCell(pane, request));
+  auto text = textMember(request, "text");
+  if (!cell) {
+    throw Refusal("Row " + member(request, "row").dump() + " has no text field.");
+  }
+  const auto field = cell->textField();
+  field->becomeFirstResponder();
+  field->edit(std::move(text));
+  field->pressReturn();
+  layOut();
+  return success();
+}
+
+Json DriveSession::bar(const Json& request) {
+  auto& pane = requireTopPane();
+  const auto side = textMember(request, "side");
+  if (side != "left" && side != "right") {
+    throw Refusal("\"side\" has to be \"left\" or \"right\".");
+  }
+  const auto& navigationItem = pane.navigationItem();
+  const auto item =
+      side == "left" ? navigationItem->leftBarButtonItem() : navigationItem->rightBarButtonItem();
+  if (!item) {
+    throw Refusal("The pane has no " + side + " bar button.");
+  }
+  item->press();
+  layOut();
+  return success();
+}
+
+Json DriveSession::sheet(const Json& request) {
+  const auto result = textMember(request, "result");
+  const auto* top = sheets_->top();
+  if (!top) {
+    throw Refusal("No sheet or alert is shown.");
+  }
+  if (const auto* compose = std::get_if<std::shared_ptr<SLComposeViewController>>(top)) {
+    if (result != "posted" && result != "cancelled") {
+      throw Refusal("The sheet on top ends with \"posted\" or \"cancelled\".");
+    }
+    const auto sheet = *compose;
+    sheet->finish(result == "posted" ? SLComposeViewControllerResult::kDone
+                                     : SLComposeViewControllerResult::kCancelled);
+  } else {
+    if (result != "ok") {
+      throw Refusal("The alert on top ends with \"ok\".");
+    }
+    sheets_->closeAlert();
+  }
+  layOut();
+  return success();
+}
+
+Json DriveSession::resize(const Json& request) {
+  options_.width = numberMember(request, "width", 1, 100'000);
+  layOut();
+  return success();
+}
+
+Json DriveSession::refresh(const Json& request) {
+  indexMember(request, "count");
+  numberMember(request, "duration", 0, 3600);
+  throw Refusal("No pane of this version shows anything that moves with the display.");
+}
+
+Json DriveSession::advance(const Json& request) {
+  clock_->advance(numberMember(request, "seconds", 0, 1e9));
+  return success();
+}
+
+Json DriveSession::memoryWarning(const Json& /*request*/) {
+  throw Refusal("No pane of this version keeps anything that a memory warning would free.");
+}
+
+Json DriveSession::settings(const Json& /*request*/) {
+  const std::string path(kSettingsPath);
+  Json reply = success();
+  reply["exists"] = services().files->dataWithContentsOfFile(path).has_value();
+  reply["settings"] = toJson(
+      services().files->dictionaryWithContentsOfFile(path).value_or(PropertyListDictionary{}));
+  return reply;
+}
+
+Json DriveSession::events(const Json& /*request*/) {
+  Json list = Json::array();
+  for (const auto& event : recorder_->take()) {
+    list.push_back(toJson(event));
+  }
+  Json reply = success();
+  reply["events"] = std::move(list);
+  return reply;
+}
+
+Json DriveSession::globals(const Json& /*request*/) {
+  Json pairs = Json::array();
+  if (const auto* table = module_.variable<decltype(prefixes)>("prefixes")) {
+    for (const auto& [country, prefix] : *table) {
+      pairs.push_back(Json::array({std::string(country), std::string(prefix)}));
+    }
+  }
+  Json reply = success();
+  reply["availableTweaks"] = nullptr;
+  reply["unseenTweaks"] = nullptr;
+  reply["prefixes"] = std::move(pairs);
+  return reply;
+}
+
+Json DriveSession::quit(const Json& /*request*/) {
+  ended_ = true;
+  return success();
+}
+
+void DriveSession::settle() {
+  MainQueue::shared().drain();
+  layOut();
+}
+
+void DriveSession::layOut() {
+  const auto pane = topPane();
+  if (!pane) {
+    return;
+  }
+  pane->view()->setFrame(CGRectMake(0, 0, options_.width, kPageHeight));
+  pane->view()->layoutIfNeeded();
+}
+
+Json DriveSession::whereWeAre() const {
+  const auto pane = inner_->topViewController();
+  Json reply = success();
+  reply["pane"] = pane ? Json(std::string(pane->classDescription().name)) : Json(nullptr);
+  reply["depth"] = inner_->viewControllers().size();
+  return reply;
+}
+
+std::shared_ptr<PSListController> DriveSession::topPane() const {
+  return cast<PSListController>(inner_->topViewController());
+}
+
+PSListController& DriveSession::requireTopPane() const {
+  const auto pane = topPane();
+  if (!pane) {
+    throw Refusal("No pane is open.");
+  }
+  return *pane;
+}
+
+std::shared_ptr<PSSpecifier> DriveSession::requireRow(PSListController& pane,
+                                                      const Json& request) const {
+  const int index = indexMember(request, "row");
+  auto row = pane.specifierAtIndex(index);
+  if (!row) {
+    throw Refusal("There is no row " + std::to_string(index) + ".");
+  }
+  return row;
+}
+
+std::shared_ptr<UITableViewCell> DriveSession::requireCell(PSListController& pane,
+                                                           const Json& request) const {
+  requireRow(pane, request);
+  const int index = indexMember(request, "row");
+  const auto indexPath = pane.indexPathForIndex(index);
+  auto cell = indexPath ? pane.table()->cellForRowAtIndexPath(*indexPath) : nullptr;
+  if (!cell) {
+    throw Refusal("Row " + std::to_string(index) + " is a group and has no cell.");
+  }
+  return cell;
+}

@@ -1,0 +1,42 @@
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tools/drive/DriveCommand.h"
+#include "tools/version.h"
+
+namespace {
+
+constexpr std::string_view kUsage =
+    "Usage: quietdial COMMAND [ARGUMENTS]\n"
+    "\n"
+    "Commands:\n"
+    "  drive      run the settings panes without a window, under a script\n"
+    "\n"
+    "Options:\n"
+    "  --help     this text; COMMAND --help tells of a command\n"
+    "  --version  the version\n";
+
+}  // namespace
+
+int main(int count, char** values) {
+  std::vector<std::string> words(values + 1, values + count);
+  const std::string command = words.empty() ? "" : words.front();
+  if (command == "--help" || command == "-h") {
+    std::cout << kUsage;
+    return 0;
+  }
+  if (command == "--version") {
+    std::cout << "quietdial " << kVersion << '\n';
+    return 0;
+  }
+  if (command == "drive") {
+    words.erase(words.begin());
+    return runDriveCommand(words, std::cin, std::cout, std::cerr);
+  }
+  std::cerr << "quietdial: "
+            << (command.empty() ? "no command is given" : "there is no command \"" + command + "\"")
+            << "; quietdial --help lists them.\n";
+  return 2;
+}
