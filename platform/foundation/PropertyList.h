@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -21,8 +20,13 @@ class PropertyListValue;
 using PropertyListArray = std::vector<PropertyListValue>;
 using PropertyListDictionary = std::map<std::string, PropertyListValue, std::less<>>;
 using PropertyListData = std::vector<std::byte>;
-/// Property lists store dates to the second (XML) or finer (binary).
-using PropertyListDate = std::chrono::sys_time<std::chrono::microseconds>;
+
+/// A moment, in seconds since the first instant of 2001 (UTC): the unit in which files store it,
+/// kept so that a date comes back to the last bit.
+struct PropertyListDate {
+  double secondsSinceReferenceDate = 0;
+  bool operator==(const PropertyListDate&) const = default;
+};
 
 /// A reference number as found in archived objects; carried through, never interpreted.
 struct PropertyListUID {

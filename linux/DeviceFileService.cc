@@ -1,0 +1,43 @@
+#include "linux/DeviceFileService.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "linux/AtomicFile.h"
+#include "linux/propertylist/PropertyListBudget.h"
+#include "linux/propertylist/PropertyListSerialization.h"
+#include "linux/readFile.h"
+
+DeviceFileService::DeviceFileService(std::shared_ptr<const DevicePaths> paths)
+    : paths_(std::move(paths)) {}
+
+std::optional<PropertyListData> DeviceFileService::dataWithContentsOfFile(
+    const std::string& path) const {
+  const auto host = paths_->forReading(path);
+  const auto contents = host ? readFile(AT_FDCWD, *host, kPropertyListFileBound) : FileContents();
+  if (contents.outcome != FileContents::Outcome::kRead) {
+    return std::nullopt;
+  }
+  PropertyListData data(contents.bytes.size());
+  std::ranges::transform(contents.bytes, data.begin(),
+                         [](char byte) { return static_cast<std::byte>(byte); });
+  return data;
+}
+
+std::optional<PropertyListDictionary> DeviceFileService::dictionaryWithContentsOfFile(
+    const std::string& path) const {
+  const auto host = paths_->forReading(path);
+  const auto contents = host ? readFile(AT_FDCWD, *host, kPropertyListFileBound) : FileContents();
+  return contents.outcome == FileContents::Outcome::kRead ? dictionaryFromBytes(contents.bytes)
+                                                          : std::nullopt;
+}
+
+bool DeviceFileService::writeToFileAtomically(const PropertyListDictionary& dictionary,
+                                              const std::string& path) {
+  const auto host = paths_->forWriting(path);
+  const auto bytes = host ? bytesFromPropertyList(dictionary) : std::nullopt;
+  const auto isDictionary = [](std::string_view old) {
+    return dictionaryFromBytes(old).has_value();
+  };
+  return bytes && AtomicFile(*host, kPropertyListFileBound, isDictionary).replace(*bytes);
+}

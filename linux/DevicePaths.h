@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+/// Where the paths that panes use lie on this machine: "/User/…" and "/Library/…" below one folder,
+/// the device root, and what is not in its Library in the installed one. Host paths are absolute.
+/// Immutable; any thread.
+class DevicePaths {
+ public:
+  /// `root` need not exist; `library` is the folder that holds PreferenceBundles and the like.
+  DevicePaths(std::string root, std::string library);
+
+  /// $XDG_DATA_HOME/quietdial, or .local/share/quietdial in the home folder.
+  static std::string defaultRoot();
+
+  /// The Library folder that goes with the running program: ../Library beside it in a build tree,
+  /// else ../share/quietdial/Library.
+  static std::string installedLibrary();
+
+  const std::string& root() const { return root_; }
+
+  /// Where to read: a file of the device root stands before the installed one of the same path.
+  /// Nothing for a path that is not of the device, or that climbs with "..".
+  std::optional<std::string> forReading(const std::string& devicePath) const;
+
+  /// Where to write: below the device root always, so that what is installed stays as it is.
+  std::optional<std::string> forWriting(const std::string& devicePath) const;
+
+ private:
+  std::string root_;
+  std::string library_;
+};

@@ -1,0 +1,120 @@
+#include "linux/desktopProgram.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+#include <sys/wait.h>
+
+#include "linux/FileDescriptor.h"
+
+namespace {
+
+// Its process identifier; nothing when it could not be started. Its output goes to `output`, or
+// nowhere when that is negative.
+std::optional<pid_t> start(const std::vector<std::string>& arguments, int output) {
+  std::vector<char*> vector;
+  vector.reserve(arguments.size() + 1);
+  for (const auto& argument : arguments) {
+    vector.push_back(const_cast<char*>(argument.c_str()));
+  }
+  vector.push_back(nullptr);
+
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  if (output >= 0) {
+    posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
+  } else {
+    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  }
+  posix_spawnattr_t attributes;
+  posix_spawnattr_init(&attributes);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+
+  pid_t pid = 0;
+  const int error =
+      posix_spawnp(&pid, vector.front(), &actions, &attributes, vector.data(), environ);
+  posix_spawnattr_destroy(&attributes);
+  posix_spawn_file_actions_destroy(&actions);
+  return error == 0 ? std::optional(pid) : std::nullopt;
+}
+
+// The wait status, once the process has ended.
+int collect(pid_t pid) {
+  int status = -1;
+  while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+  }
+  return status;
+}
+
+// Reads until the other end closes. False when time ran out or the bound was passed.
+bool readAll(int descriptor, std::chrono::steady_clock::time_point deadline, std::size_t longest,
+             std::string& text) {
+  while (text.size() <= longest) {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+        deadline - std::chrono::steady_clock::now());
+    pollfd readable{descriptor, POLLIN, 0};
+    const int ready = poll(&readable, 1, static_cast<int>(std::max<long>(left.count(), 0)));
+    if (ready < 0 && errno == EINTR) {
+      continue;
+    }
+    if (ready <= 0) {
+      return false;
+    }
+    std::array<char, 1024> buffer{};
+    const ssize_t count = read(descriptor, buffer.data(), buffer.size());
+    if (count == 0) {
+      return true;
+    }
+    if (count > 0) {
+      text.append(buffer.data(), static_cast<std::size_t>(count));
+    } else if (errno != EINTR) {
+      return false;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+std::optional<std::string> outputOfDesktopProgram(const std::vector<std::string>& arguments,
+                                                  std::chrono::milliseconds patience,
+                                                  std::size_t longest) {
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+    return std::nullopt;
+  }
+  const FileDescriptor reading(ends[0]);
+  FileDescriptor writing(ends[1]);
+  const auto pid = start(arguments, writing.get());
+  writing.close();
+  if (!pid) {
+    return std::nullopt;
+  }
+  std::string text;
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  const bool whole = readAll(reading.get(), deadline, longest, text);
+  if (!whole) {
+    kill(-*pid, SIGKILL);  // with whatever it started: the session is its own
+  }
+  const int status = collect(*pid);
+  return whole && WIFEXITED(status) && WEXITSTATUS(status) == 0 ? std::optional(std::move(text))
+                                                                : std::nullopt;
+}
+
+bool startDesktopProgram(const std::vector<std::string>& arguments) {
+  const auto pid = start(arguments, -1);
+  if (!pid) {
+    return false;
+  }
+  std::thread(collect, *pid).detach();
+  return true;
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <fcntl.h>
+#include <optional>
+#include <string>
+
+#include <sys/stat.h>
+
+/// What came of reading a whole file.
+struct FileContents {
+  enum class Outcome {
+    kRead,
+    kAbsent,      ///< Nothing has that name.
+    kNotAFile,    ///< Something else than a regular file has it.
+    kTooLarge,    ///< Larger than the bound.
+    kUnreadable,  ///< Not allowed, or the disk failed.
+  };
+
+  Outcome outcome = Outcome::kAbsent;
+  std::string bytes;      ///< Where it was read.
+  struct stat status {};  ///< Where there is a file and its status could be asked.
+};
+
+/// Reads a regular file of at most `bound` bytes. Never blocks on a pipe or a device. `directory`
+/// and `path` are as for openat(2); `flags` are added to its flags.
+FileContents readFile(int directory, const std::string& path, std::size_t bound, int flags = 0);
