@@ -39,8 +39,8 @@ def application_icon(c, size=29.0):
     """A quiet call: a receiver inside a ring that is not closed."""
     k = size / 29
     c.gradient(squircle(0, 0, size), (0, 0), (0, size), [(0, (74, 82, 99)), (1, (30, 34, 43))])
-    c.fill(dashed_ring(10.2 * k, 1.55 * k).moved(size / 2, size / 2), GREEN)
-    c.fill(handset(10.4 * k).moved(size / 2, size / 2), WHITE)
+    c.fill(dashed_ring(10.6 * k, 1.6 * k).moved(size / 2, size / 2), GREEN)
+    c.fill(handset(14 * k).moved(size / 2, size / 2), WHITE)
 
 
 # name: (width and height in points, how to draw it)
