@@ -27,14 +27,14 @@ def handset(size):
 def incognito(width):
     """A hat above a pair of glasses, centred on the origin: somebody who is not to be known."""
     out = Path()
-    # Hat: crown with a dent, then the brim.
-    out.add(Path().move(-27, -7).curve(-25, -18, -22.5, -29, -19, -33.5).curve(-16, -37, -11, -37, -6.5, -35)
+    # Hat: crown with a dent; the gap above the brim is its band.
+    out.add(Path().move(-26.6, -10.5).curve(-25, -19, -22.5, -29, -19, -33.5).curve(-16, -37, -11, -37, -6.5, -35)
             .curve(-2, -33, 2, -33, 6.5, -35).curve(11, -37, 16, -37, 19, -33.5)
-            .curve(22.5, -29, 25, -18, 27, -7).close())
-    out.add(rounded(-42, -5.5, 84, 7.5, 3.75))
+            .curve(22.5, -29, 25, -19, 26.6, -10.5).close())
+    out.add(rounded(-42, -5.8, 84, 8, 4))
     # Glasses: two rims and a bridge.
     for side in (-1, 1):
-        out.add(ring(side * 19.5, 20, 15, 9))
+        out.add(ring(side * 19.5, 20, 15.5, 8.2))
     out.add(Path().move(-7.2, 16).curve(-4, 11.6, 4, 11.6, 7.2, 16).line(5.6, 21.4)
             .curve(3, 18, -3, 18, -5.6, 21.4).close())
     return out.moved(0, 1).scaled(width / 100)
@@ -75,20 +75,43 @@ def dashed_ring(radius, width, dashes=12):
     return out
 
 
-def candle(height):
-    """The maker's mark: a candle of eight bits with a flame. Its box is 0.42 `height` x `height`."""
-    cell, gap, flame = 0.1725, 0.075, 0.36
-    left = (0.42 - 2 * cell - gap) / 2
-    out = Path()
-    cell_height = (1 - flame - 0.035 - 3 * 0.05) / 4
+def candle_parts(height):
+    """The maker's mark, a candle of eight bits and its flame; together 0.42 `height` x `height`."""
+    cell, gap, flame, row_gap = 0.1725, 0.075, 0.36, 0.05
+    middle = 0.21
+    left, top = middle - cell - gap / 2, flame + 0.035
+    cell_height = (1 - top - 3 * row_gap) / 4
+    body = Path()
     for row in range(4):
         for column in range(2):
-            out.add(rounded(left + column * (cell + gap), flame + 0.035 + row * (cell_height + 0.05),
-                            cell, cell_height, 0.03))
-    middle, half = 0.21, 0.135
-    out.add(Path().move(middle + 0.02, 0)
-            .curve(middle + 0.04, 0.09, middle + half, 0.13, middle + half, 0.225)
-            .curve(middle + half, 0.30, middle + 0.075, flame, middle, flame)
-            .curve(middle - 0.075, flame, middle - half, 0.30, middle - half, 0.225)
-            .curve(middle - half, 0.15, middle - 0.02, 0.11, middle + 0.02, 0).close())
-    return out.scaled(height)
+            body.add(rounded(left + column * (cell + gap), top + row * (cell_height + row_gap),
+                             cell, cell_height, 0.03))
+    half = 0.135
+    light = (Path().move(middle + 0.02, 0)
+             .curve(middle + 0.04, 0.09, middle + half, 0.13, middle + half, 0.225)
+             .curve(middle + half, 0.30, middle + 0.075, flame, middle, flame)
+             .curve(middle - 0.075, flame, middle - half, 0.30, middle - half, 0.225)
+             .curve(middle - half, 0.15, middle - 0.02, 0.11, middle + 0.02, 0).close())
+    return body.scaled(height), light.scaled(height)
+
+
+def candle(height):
+    """The maker's mark in one piece."""
+    body, light = candle_parts(height)
+    return Path().add(body).add(light)
+
+
+def shield(height):
+    """A shield, centred on the origin."""
+    return (Path().move(0, -0.5).curve(0.13, -0.415, 0.27, -0.375, 0.40, -0.36)
+            .curve(0.43, -0.356, 0.45, -0.335, 0.45, -0.305).line(0.45, -0.02)
+            .curve(0.45, 0.24, 0.25, 0.41, 0.03, 0.495).curve(0.01, 0.502, -0.01, 0.502, -0.03, 0.495)
+            .curve(-0.25, 0.41, -0.45, 0.24, -0.45, -0.02).line(-0.45, -0.305)
+            .curve(-0.45, -0.335, -0.43, -0.356, -0.40, -0.36).curve(-0.27, -0.375, -0.13, -0.415, 0, -0.5)
+            .close().scaled(height))
+
+
+def eye(width):
+    """The outline of an open eye, centred on the origin."""
+    return (Path().move(-0.5, 0).curve(-0.36, -0.24, -0.18, -0.33, 0, -0.33).curve(0.18, -0.33, 0.36, -0.24, 0.5, 0)
+            .curve(0.36, 0.24, 0.18, 0.33, 0, 0.33).curve(-0.18, 0.33, -0.36, 0.24, -0.5, 0).close().scaled(width))

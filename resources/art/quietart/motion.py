@@ -18,10 +18,6 @@ def arrive(t, start, length):
     return 1 - (1 - part(t, start, length)) ** 3
 
 
-def leave(t, start, length):
-    return part(t, start, length) ** 3
-
-
 def spring(t, start, length):
     """Arrives a little beyond its goal and swings back."""
     p = part(t, start, length)

@@ -1,8 +1,8 @@
 """The parts of the phone's screens that the previews show, drawn in points."""
 
 from . import marks
-from .path import Path, capsule, circle, ring, rounded
-from .text import centred, font
+from .path import Path, circle, ring, rounded
+from .text import centred, font, line
 
 BLUE = (0, 122, 255)
 GREEN = (76, 217, 100)
@@ -28,7 +28,9 @@ def key(c, x, y, radius, digit, letters):
     k = radius / 37.5
     if letters:
         text(c, digit, "Regular", 35 * k, x, y + 7.5 * k, BLACK)
-        text(c, letters, "SemiBold", 9.8 * k, x + 0.8 * k, y + 22.5 * k, BLACK, tracking=1.6 * k)
+        size = 15 if letters == "+" else 9.8
+        text(c, letters, "SemiBold" if letters != "+" else "Regular", size * k, x + 0.8 * k, y + 22.5 * k, BLACK,
+             tracking=1.6 * k)
     elif digit == "*":
         for angle in (0, 60, 120):
             c.stroke(Path().move(0, -12 * k).line(0, 12 * k).turned(angle).moved(x, y), 2.6 * k, BLACK)
@@ -43,7 +45,7 @@ def call_button(c, x, y, radius, pressed=0.0):
 
 def anonymous_button(c, x, y, radius, pressed=0.0):
     c.fill(circle(x, y, radius), blend(GREY, GREY_PRESSED, pressed))
-    c.fill(marks.incognito(radius * 1.22).moved(x, y), WHITE)
+    c.fill(marks.incognito(radius * 1.34).moved(x, y), WHITE)
 
 
 def cancel_button(c, x, y, radius):
@@ -121,10 +123,11 @@ def chevrons(c, x, y, shown, colour):
         c.stroke(Path().move(cx + 2.6, y - 5.2).line(cx - 2.6, y).line(cx + 2.6, y + 5.2), 2.3, colour, shown)
 
 
-def hold_ring(c, x, y, radius, progress, width=3.6, track=(214, 231, 255)):
-    c.fill(ring(x, y, radius + width / 2, radius - width / 2), track)
+def hold_ring(c, x, y, radius, progress, track, shown=1.0, width=3.6):
+    """How long a button has been held, as a ring round it."""
+    c.fill(ring(x, y, radius + width / 2, radius - width / 2), track, shown)
     if progress > 0:
-        c.stroke(Path().arc(x, y, radius, -90, -90 + 360 * progress), width, BLUE)
+        c.stroke(Path().arc(x, y, radius, -90, -90 + 360 * progress), width, BLUE, shown)
 
 
 def ripple(c, x, y, start, end, progress, colour=BLUE):
@@ -132,3 +135,24 @@ def ripple(c, x, y, start, end, progress, colour=BLUE):
     if 0 < progress < 1:
         radius = start + (end - start) * progress
         c.stroke(circle(x, y, radius), 3.2 * (1 - progress) + 0.6, colour, 0.75 * (1 - progress))
+
+
+def status_bar(c, width):
+    words, _ = line("10:24", "SemiBold", 11.5)
+    c.fill(words.moved(16, 18), WHITE)
+    for i in range(4):
+        c.fill(rounded(width - 66 + 4.4 * i, 15.2 - 2 * i, 3, 2.8 + 2 * i, 0.8), WHITE)
+    x = width - 43
+    c.stroke(rounded(x, 8.9, 22, 9.6, 2.8), 0.9, WHITE, 0.6)
+    c.fill(rounded(x + 1.5, 10.4, 16, 6.6, 1.5), WHITE)
+    c.fill(rounded(x + 23.4, 12, 1.6, 3.4, 0.8), WHITE, 0.6)
+
+
+def portrait(c, x, y, radius):
+    """Who is to be called: a plain portrait."""
+    c.fill(circle(x, y, radius), (122, 139, 173))
+    c.ctx.save()
+    c.clip(circle(x, y, radius))
+    c.fill(circle(x, y - radius * 0.17, radius * 0.36), WHITE)
+    c.fill(circle(x, y + radius * 0.98, radius * 0.74), WHITE)
+    c.ctx.restore()
