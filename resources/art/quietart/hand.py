@@ -1,7 +1,5 @@
 """The hand that makes the gestures: the back of a right hand, its index finger stretched out."""
 
-import cairo
-
 from .path import Path, rounded
 
 SKIN = (247, 206, 172)

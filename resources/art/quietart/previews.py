@@ -10,32 +10,25 @@ FRAME = 3       # hundredths of a second, while things move
 
 
 class Preview:
-    """One animation: `length` seconds, the last of `rest` seconds a still."""
-    size = pixels = None
-    length = 3.0
-    last_move = 2.4
-
-    def __init__(self):
-        self._still = None
+    """One animation of `length` seconds, in which nothing moves after `last_move`."""
+    size = pixels = None        # in points, in pixels
+    length = last_move = 0.0
 
     def frames(self):
-        """The frames as rows of red, green, blue, and how long each shows."""
+        """The frames as rows of red, green, blue, each with the hundredths of a second that it shows."""
+        still = self._canvas()
+        self.ground(still)
         count = round(self.last_move * 100 / FRAME)
         for i in range(count):
-            yield self.frame(i * FRAME / 100), FRAME
-        yield self.frame(self.last_move), round(self.length * 100) - count * FRAME
+            yield self._frame(still, i * FRAME / 100), FRAME
+        yield self._frame(still, self.last_move), round(self.length * 100) - count * FRAME
 
-    def frame(self, t):
-        c = Canvas(*self.size, SCALE, self.pixels)
-        if self._still is None:
-            still = Canvas(*self.size, SCALE, self.pixels)
-            self.ground(still)
-            self._still = still.surface
-        c.ctx.save()
-        c.ctx.scale(1 / SCALE, 1 / SCALE)
-        c.ctx.set_source_surface(self._still)
-        c.ctx.paint()
-        c.ctx.restore()
+    def _canvas(self):
+        return Canvas(*self.size, SCALE, self.pixels)
+
+    def _frame(self, still, t):
+        c = self._canvas()
+        c.paint(still)
         self.action(c, t)
         return c.pixels()[..., :3]
 
@@ -146,18 +139,18 @@ class Dial(Calling):
 class Screen(Calling):
     """The system-wide call screen."""
     size, pixels = (295, 537.5), (590, 1075)
-    row, radius, green, slot, caption_gap = 411.0, 33.0, 238.5, 147.5, 52.0
+    row, radius, green, slot, caption_gap = 397.0, 33.0, 238.5, 147.5, 52.0
     caption_colour, ring_track, arrow = (190, 196, 208), (58, 70, 96), (64, 156, 255)
     question = "Are you sure you want to call?"
 
     def ground(self, c):
         c.gradient(rounded(0, 0, 295, 538, 0), (0, 0), (0, 537.5), [(0, (43, 51, 68)), (1, (22, 26, 36))])
         phone.status_bar(c, 295)
-        phone.portrait(c, 147.5, 122, 44)
-        phone.text(c, "Nora Winther", "Regular", 27, 147.5, 204, phone.WHITE, tracking=-0.3)
-        phone.text(c, "mobile 555 0134", "Regular", 14.5, 147.5, 228, self.caption_colour)
-        c.fill(rounded(24, 286, 247, 0.5, 0), (74, 84, 106))
-        phone.text(c, self.question, "SemiBold", 16.5, 147.5, 326, phone.WHITE, tracking=-0.1)
+        phone.portrait(c, 147.5, 118, 44)
+        phone.text(c, "Nora Winther", "Regular", 27, 147.5, 200, phone.WHITE, tracking=-0.3)
+        phone.text(c, "mobile 555 0134", "Regular", 14.5, 147.5, 224, self.caption_colour)
+        c.fill(rounded(24, 276, 247, 0.5, 0), (74, 84, 106))
+        phone.text(c, self.question, "SemiBold", 16.5, 147.5, 316, phone.WHITE, tracking=-0.1)
         phone.cancel_button(c, 56.5, self.row, self.radius)
         for x, words in ((56.5, "Cancel"), (self.green, "Call")):
             phone.text(c, words, "Medium", 11, x, self.row + self.caption_gap, self.caption_colour)
