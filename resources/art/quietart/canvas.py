@@ -52,6 +52,14 @@ class Canvas:
         self.ctx.set_source(pattern)
         self.ctx.fill()
 
+    def paint(self, other):
+        """Puts a canvas of the same size over this one."""
+        self.ctx.save()
+        self.ctx.identity_matrix()
+        self.ctx.set_source_surface(other.surface)
+        self.ctx.paint()
+        self.ctx.restore()
+
     def clip(self, path):
         path.trace(self.ctx)
         self.ctx.clip()

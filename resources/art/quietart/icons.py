@@ -15,8 +15,8 @@ def write(folder):
 
 def scalable():
     ground = squircle(8, 8, 112)
-    dashes = dashed_ring(39.4, 6.0).moved(64, 64)
-    receiver = handset(40.2).moved(64, 64)
+    dashes = dashed_ring(41, 6.2).moved(64, 64)
+    receiver = handset(54).moved(64, 64)
     return f"""<svg xmlns="http://www.w3.org/2000/svg" width="128" height="128" viewBox="0 0 128 128">
   <title>QuietDial</title>
   <linearGradient id="ground" x1="0" y1="8" x2="0" y2="120" gradientUnits="userSpaceOnUse">
@@ -32,8 +32,8 @@ def scalable():
 
 def symbolic():
     # Filled outlines only: desktops recolour fills, not strokes.
-    dashes = dashed_ring(7.1, 1.4, dashes=10).moved(8, 8)
-    receiver = handset(6.6).moved(8, 8)
+    dashes = dashed_ring(7.2, 1.4, dashes=10).moved(8, 8)
+    receiver = handset(9.4).moved(8, 8)
     return f"""<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16" viewBox="0 0 16 16">
   <title>QuietDial</title>
   <path fill="#2e3436" d="{dashes.svg()} {receiver.svg()}"/>

@@ -70,9 +70,13 @@ class Path:
         return self.mapped((c, s, -s, c, 0, 0))
 
     def trace(self, ctx):
-        """Puts the outlines into a cairo context's current path."""
+        """Puts the outlines into a cairo context's current path.
+
+        Coordinates are cut to a fixed step: mathematical libraries differ in a sine's last bit, and
+        the pixels must not."""
         ctx.new_path()
         for op, v in self.steps:
+            v = [round(n, 4) for n in v]
             if op == "M":
                 ctx.move_to(*v)
             elif op == "L":
@@ -85,8 +89,7 @@ class Path:
     def svg(self):
         """The outlines as the value of an SVG path's `d`."""
         def number(n):
-            return f"{n:.3f}".rstrip("0").rstrip(".").replace("-0", "0") if abs(n) < 0.0005 else \
-                f"{n:.3f}".rstrip("0").rstrip(".")
+            return f"{round(n, 3) + 0.0:.3f}".rstrip("0").rstrip(".")
         return " ".join(op + " ".join(number(n) for n in v) for op, v in self.steps)
 
 
