@@ -72,7 +72,7 @@ class Swipe(Calling):
         self.caption(c, ease(t, 1.5, 0.3))
         phone.chevrons(c, middle, self.row, ease(t, 1.75, 0.3), self.arrow)
         self.call(c, press - ease(t, 1.0, 0.2))
-        phone.ripple(c, self.green, self.row, 14, self.radius + 15, part(t, 0.82, 0.45))
+        phone.ripple(c, self.green, self.row, self.radius + 3, self.radius + 17, part(t, 0.82, 0.45))
         coming, going = arrive(t, 0.1, 0.62), ease(t, 1.8, 0.55)
         self.finger(c, between(between(self.green + 160, x + 4, coming), middle + 9, going),
                     between(between(self.row + 150, self.row + 9, coming), self.row + 21, going),
