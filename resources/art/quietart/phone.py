@@ -134,7 +134,7 @@ def ripple(c, x, y, start, end, progress, colour=BLUE):
     """A ring that widens from a touch and fades."""
     if 0 < progress < 1:
         radius = start + (end - start) * progress
-        c.stroke(circle(x, y, radius), 3.2 * (1 - progress) + 0.6, colour, 0.75 * (1 - progress))
+        c.stroke(circle(x, y, radius), 2.6 * (1 - progress) + 1.2, colour, 0.75 * (1 - progress))
 
 
 def status_bar(c, width):
