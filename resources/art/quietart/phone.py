@@ -123,7 +123,7 @@ def chevrons(c, x, y, shown, colour):
         c.stroke(Path().move(cx + 2.6, y - 5.2).line(cx - 2.6, y).line(cx + 2.6, y + 5.2), 2.3, colour, shown)
 
 
-def hold_ring(c, x, y, radius, progress, track, shown=1.0, width=3.6):
+def hold_ring(c, x, y, radius, progress, track, shown=1.0, width=3.2):
     """How long a button has been held, as a ring round it."""
     c.fill(ring(x, y, radius + width / 2, radius - width / 2), track, shown)
     if progress > 0:
