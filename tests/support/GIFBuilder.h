@@ -19,7 +19,7 @@ class GIFBuilder {
   struct Control {
     unsigned disposal = 0;
     unsigned delay = 0;  // hundredths of a second
-    std::optional<std::uint8_t> transparentIndex;
+    std::optional<std::uint8_t> transparentIndex = std::nullopt;
   };
   struct Image {
     unsigned left = 0;
