@@ -95,7 +95,7 @@ void addDifference(GIFBuilder& gif, const Screen& before, const Screen& after, u
 
 namespace animations {
 
-Data interface(unsigned width, unsigned height, unsigned frames) {
+Data interface(unsigned width, unsigned height, unsigned frames, Disposal disposal) {
   Random random(width);
   Screen screen(width, height);
   const unsigned keyWidth = width / 4;
@@ -129,7 +129,12 @@ Data interface(unsigned width, unsigned height, unsigned frames) {
     if (frame % 5 == 4) {
       screen.write(width / 4 + frame, height / 6 + 8, 1, random);
     }
-    addDifference(gif, before, screen, 4);
+    if (disposal == Disposal::keep) {
+      addDifference(gif, before, screen, 4);
+    } else {
+      gif.control({.disposal = static_cast<unsigned>(disposal), .delay = 4});
+      gif.image({.width = width, .height = height}, 8, screen.pixels);
+    }
   }
   return gif.trailer().data();
 }
