@@ -112,7 +112,7 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
   target->frame = FrameBuffer::noFrame;
 
   for (std::size_t i = start.first; i <= index; ++i) {
-    if (i > start.first) {
+    if (i > start.first && i == lastKeepable(index)) {
       keepCanvas(i, *target->pixels);
     }
     const GIFFrame& frame = structure_.frames[i];
@@ -258,10 +258,12 @@ bool GIFCompositor::save(const GIFRect& rect, const PixelBuffer& pixels) {
   return true;
 }
 
+/// The last place on the way to a frame where a canvas is kept; 0 for none.
+std::size_t GIFCompositor::lastKeepable(std::size_t index) const {
+  return keptSpacing_ == 0 ? 0 : index - index % keptSpacing_;
+}
+
 void GIFCompositor::keepCanvas(std::size_t index, const PixelBuffer& pixels) {
-  if (keptSpacing_ == 0 || index % keptSpacing_ != 0 || kept_.contains(index)) {
-    return;
-  }
   std::shared_ptr<PixelBuffer> canvas = PixelBuffer::create(structure_.width, structure_.height);
   if (canvas) {
     std::ranges::copy(pixels.pixels(), canvas->pixels().begin());

@@ -46,7 +46,7 @@ class GIFCompositor {
   /// frame is not decodable or there is no memory; then other frames are as before.
   std::shared_ptr<const PixelBuffer> compositeFrame(std::size_t index);
 
-  /// Frames between two kept canvases; 0 if the canvas is too large to keep any.
+  /// Frames between two places where canvases are kept; 0 if the canvas is too large to keep any.
   std::size_t keptSpacing() const { return keptSpacing_; }
 
  private:
@@ -75,6 +75,7 @@ class GIFCompositor {
   void copyRect(const GIFRect& rect, const PixelBuffer& from, PixelBuffer& to) const;
   void clearRect(const GIFRect& rect, PixelBuffer& pixels) const;
   bool save(const GIFRect& rect, const PixelBuffer& pixels);
+  std::size_t lastKeepable(std::size_t index) const;
   void keepCanvas(std::size_t index, const PixelBuffer& pixels);
 
   const std::shared_ptr<const std::vector<std::uint8_t>> data_;

@@ -33,9 +33,10 @@ bool GIFDecompressor::begin(std::span<const std::uint8_t> data, std::size_t pixe
     }
   }
   clearCode_ = 1U << data.front();
-  for (std::uint32_t literal = 0; literal < clearCode_; ++literal) {
+  for (std::uint32_t literal = literalsInTable_; literal < clearCode_; ++literal) {
     table_[literal] = {literal, 1};
   }
+  literalsInTable_ = clearCode_;  // those above are overwritten by strings
   reader_ = GIFCodeReader(data.subspan(1));
   written_ = literalCount;
   pixelCount_ = pixelCount;

@@ -38,6 +38,7 @@ class GIFDecompressor {
   };
 
   std::array<String, tableSize> table_;
+  unsigned literalsInTable_ = 0;
   // The literals, one byte each, then the indexes, then room for the end of the longest string.
   std::unique_ptr<std::uint8_t[]> output_;
   std::size_t capacity_ = 0;

@@ -1,6 +1,8 @@
 #include "platform/imageio/GIFPainter.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstring>
 
 namespace {
@@ -11,9 +13,22 @@ constexpr std::uint32_t opaqueBlack = 0xFF000000;
 // cache still.
 constexpr std::size_t batch = 16 * 1024;
 
+/// Flat areas are common, so eight pixels of one colour are written as such.
 void paintOpaque(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count,
                  const std::uint32_t* palette) {
-  for (std::size_t i = 0; i < count; ++i) {
+  std::size_t i = 0;
+  for (; i + 8 <= count; i += 8) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, indexes + i, sizeof eight);
+    if (eight == std::rotl(eight, 8)) {
+      std::fill_n(to + i, 8, palette[eight & 255]);
+      continue;
+    }
+    for (std::size_t j = i; j < i + 8; ++j) {
+      to[j] = palette[indexes[j]];
+    }
+  }
+  for (; i < count; ++i) {
     to[i] = palette[indexes[i]];
   }
 }

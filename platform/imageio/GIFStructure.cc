@@ -14,6 +14,7 @@ enum ExtensionLabel : std::uint8_t { plainText = 0x01, graphicControl = 0xF9 };
 constexpr std::size_t screenSize = 13;  // signature, version and logical screen descriptor
 constexpr std::size_t descriptorSize = 9;
 constexpr std::size_t controlSize = 4;
+constexpr std::size_t fullSubBlock = 255;
 
 GIFDisposal disposalOf(unsigned method) {
   switch (method) {
@@ -93,6 +94,11 @@ class Reader {
     std::size_t offset = offset_;
     while (offset < data_.size()) {
       const std::size_t length = data_[offset];
+      if (length == fullSubBlock) {
+        // A guess that the processor can follow ahead of the memory: nearly all blocks are full.
+        offset += 1 + fullSubBlock;
+        continue;
+      }
       offset += 1 + length;
       if (length == 0) {
         offset_ = offset;
