@@ -119,9 +119,15 @@ nlohmann::ordered_json describe(const CGImageSource& source, bool withChecksums)
 }  // namespace
 
 int runGifCommand(std::span<char* const> arguments, std::ostream& out, std::ostream& err) {
+  constexpr const char* kUsage =
+      "usage: quietdial gif [--checksums] [--frame N PICTURE.png] FILE\n";
+  if (arguments.size() == 1 && std::string_view(arguments.front()) == "--help") {
+    out << kUsage << "Prints what an animated picture holds, as one JSON object.\n";
+    return 0;
+  }
   const std::optional<Options> options = parse(arguments);
   if (!options) {
-    err << "usage: quietdial gif [--checksums] [--frame N PICTURE.png] FILE\n";
+    err << kUsage;
     return wrongUsage;
   }
   const CGImageSource::Data data = readFile(options->file);
