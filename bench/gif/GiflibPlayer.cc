@@ -81,7 +81,7 @@ void GiflibPlayer::dispose(std::span<std::uint32_t> canvas) {
     std::ranges::copy(saved_, canvas.begin());
   } else if (control_.DisposalMode == DISPOSE_BACKGROUND) {
     for (int y = top_; y < std::min(top_ + height_, gif_->SHeight); ++y) {
-      std::fill_n(canvas.data() + y * gif_->SWidth + left_, width_, 0);
+      std::fill_n(canvas.data() + std::ptrdiff_t{y} * gif_->SWidth + left_, width_, 0);
     }
   }
 }
@@ -91,7 +91,7 @@ void GiflibPlayer::drawRow(std::span<std::uint32_t> canvas, int row) {
   if (top_ + row >= gif_->SHeight) {
     return;
   }
-  std::uint32_t* const to = canvas.data() + (top_ + row) * gif_->SWidth + left_;
+  std::uint32_t* const to = canvas.data() + std::ptrdiff_t{top_ + row} * gif_->SWidth + left_;
   if (control_.TransparentColor == NO_TRANSPARENT_COLOR) {
     for (int x = 0; x < width_; ++x) {
       to[x] = palette_[line_[static_cast<std::size_t>(x)]];

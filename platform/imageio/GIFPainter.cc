@@ -11,7 +11,7 @@ constexpr std::uint32_t opaqueBlack = 0xFF000000;
 
 // Indexes that are decoded before they are turned into pixels: few enough to be in the fastest
 // cache still.
-constexpr std::size_t batch = 16 * 1024;
+constexpr std::size_t batch = std::size_t{16} * 1024;
 
 /// Flat areas are common, so eight pixels of one colour are written as such.
 void paintOpaque(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count,

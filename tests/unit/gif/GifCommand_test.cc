@@ -18,13 +18,14 @@ namespace {
 constexpr std::array<std::uint8_t, 6> redAndGreen{255, 0, 0, 0, 255, 0};
 
 class GifCommand : public testing::Test {
- protected:
+ public:
   GifCommand() {
     std::string pattern = (std::filesystem::temp_directory_path() / "gif-command-XXXXXX").string();
     folder_ = mkdtemp(pattern.data());
   }
   ~GifCommand() override { std::filesystem::remove_all(folder_); }
 
+ protected:
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
 
   std::string write(const std::string& name, const GIFBuilder& gif) const {
@@ -46,6 +47,7 @@ class GifCommand : public testing::Test {
 
   int run(std::vector<std::string> arguments) {
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
     for (std::string& argument : arguments) {
       pointers.push_back(argument.data());
     }

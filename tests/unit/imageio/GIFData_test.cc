@@ -7,11 +7,8 @@
 
 using pictures::draw;
 using pictures::frames;
-using pictures::indexes;
-using pictures::placed;
 using pictures::screen;
 using pictures::Texts;
-using pictures::white;
 
 namespace {
 

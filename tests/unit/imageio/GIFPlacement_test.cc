@@ -7,7 +7,6 @@
 using pictures::draw;
 using pictures::frames;
 using pictures::indexes;
-using pictures::placed;
 using pictures::screen;
 using pictures::Texts;
 using pictures::white;

@@ -20,7 +20,7 @@ inline constexpr std::array<std::uint8_t, 12> colours{255, 0, 0,   0,   255, 0,
 inline constexpr std::uint8_t white = 3;
 
 inline GIFBuilder screen(unsigned width, unsigned height, std::string_view signature = "GIF89a") {
-  return GIFBuilder(width, height, colours, signature);
+  return {width, height, colours, signature};
 }
 
 inline std::vector<std::uint8_t> indexes(std::string_view letters) {
