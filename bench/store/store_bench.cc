@@ -4,7 +4,6 @@
 #include <cstdlib>
 #include <dconf.h>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -12,6 +11,7 @@
 #include <unistd.h>
 
 #include <benchmark/benchmark.h>
+#include <sys/stat.h>
 
 #include "linux/DeviceFileService.h"
 #include "linux/propertylist/PropertyListSerialization.h"
