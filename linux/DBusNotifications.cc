@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <limits>
-#include <time.h>
 #include <utility>
 
 #include <systemd/sd-bus.h>

@@ -11,7 +11,7 @@ constexpr int kDeviceNoHang = 1;
 constexpr int kDeviceExited = 4;
 constexpr int kCoreDumped = 0x80;
 
-// Pointers into the texts, ended by null.
+// Pointers into the texts, which must outlive them, ended by null.
 std::vector<char*> pointersTo(const std::vector<std::string>& texts) {
   std::vector<char*> pointers;
   pointers.reserve(texts.size() + 1);
@@ -35,7 +35,8 @@ int PosixProcessService::posixSpawn(int& pid, const std::string& path,
                                     const std::vector<std::string>& arguments,
                                     const std::vector<std::string>* environment) {
   const auto vector = pointersTo(arguments);
-  const auto variables = pointersTo(environment ? *environment : std::vector<std::string>());
+  const std::vector<std::string> none;
+  const auto variables = pointersTo(environment ? *environment : none);
   pid_t started = 0;
   const int error =
       posix_spawn(&started, path.c_str(), nullptr, nullptr, vector.data(), variables.data());
