@@ -93,6 +93,13 @@ std::optional<NSIndexPath> UITableView::indexPathForCell(const UITableViewCell& 
   return std::nullopt;
 }
 
+void UITableView::tapRow(NSIndexPath indexPath) {
+  if (delegate_ && rowAt(indexPath)) {
+    const auto keptAlive = shared_from_this();
+    delegate_->tableViewDidSelectRowAtIndexPath(*this, indexPath);
+  }
+}
+
 void UITableView::layoutSubviews() {
   UIView::layoutSubviews();
   if (!dataSource_ || !delegate_) {

@@ -68,6 +68,9 @@ class PLATFORM_API UITableView : public UIView {
   /// Where a cell of the table stands; nothing for a cell that is not in it.
   std::optional<NSIndexPath> indexPathForCell(const UITableViewCell& cell) const;
 
+  /// For the host: the user has tapped the row. Nothing happens for a place that is not there.
+  void tapRow(NSIndexPath indexPath);
+
   void layoutSubviews() override;
 
  private:

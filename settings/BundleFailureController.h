@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/preferences/PSListController.h"
+
+/// Stands in for the first page of a bundle that could not be loaded and says why. Main thread.
+class BundleFailureController : public PSListController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  /// `specifier` is the row that was to lead to the bundle's page, `reason` a sentence.
+  static std::shared_ptr<BundleFailureController> forBundle(
+      const std::string& bundlePath, const std::string& reason,
+      const std::shared_ptr<PSSpecifier>& specifier);
+
+  const PSSpecifiers& specifiers() override;
+
+ private:
+  std::string explanation_;
+};

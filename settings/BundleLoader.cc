@@ -1,0 +1,18 @@
+#include "settings/BundleLoader.h"
+
+#include <utility>
+
+#include "linux/BundleModule.h"
+
+BundleLoader::BundleLoader(std::shared_ptr<const DevicePaths> paths) : paths_(std::move(paths)) {}
+
+std::string BundleLoader::load(const BundleEntry& entry) {
+  auto& loaded = loaded_[entry.bundlePath];
+  if (loaded) {
+    return {};
+  }
+  const auto file = paths_->forReading(entry.modulePath);
+  const BundleModule module(file.value_or(entry.modulePath), entry.bundlePath);
+  loaded = module.bundle() != nullptr;
+  return module.error();
+}

@@ -1,0 +1,10 @@
+#include "settings/ImageItem.h"
+
+#include "platform/uikit/UIImageView.h"
+#include "settings/PictureProvider.h"
+
+void ImageItem::takeOverLook() {
+  const auto image = viewAs<UIImageView>()->image();
+  const bool isTemplate = image && image->renderingMode() == UIImageRenderingMode::kAlwaysTemplate;
+  source_ = image ? PictureProvider::urlFor(*image, isTemplate ? tint() : QColor()) : QUrl();
+}

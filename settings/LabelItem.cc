@@ -1,0 +1,49 @@
+#include "settings/LabelItem.h"
+
+#include "platform/uikit/UILabel.h"
+#include "platform/uikit/UITableViewHeaderFooterView.h"
+#include "settings/SpokenText.h"
+#include "settings/SystemFont.h"
+
+namespace {
+
+bool isHeaderText(const UILabel& label) {
+  const auto header = cast<UITableViewHeaderFooterView>(label.superview());
+  return header && header->edge() == UITableViewSectionEdge::kHeader;
+}
+
+}  // namespace
+
+QAccessible::Role LabelItem::accessibleRole() const {
+  return text_.trimmed().isEmpty() ? QAccessible::NoRole : QAccessible::StaticText;
+}
+
+QString LabelItem::accessibleName() const {
+  return spokenText(text_);
+}
+
+void LabelItem::takeOverLook() {
+  const auto& label = *viewAs<UILabel>();
+  const QString text = QString::fromStdString(label.text());
+  const bool changed = text != text_;
+  text_ = text;
+  font_ = system_font::font(label.font());
+  textColor_ = toQColor(label.textColor());
+  lines_ = label.numberOfLines();
+  capitals_ = isHeaderText(label);
+  switch (label.textAlignment()) {
+    case NSTextAlignment::kCenter:
+      alignment_ = Qt::AlignHCenter;
+      break;
+    case NSTextAlignment::kRight:
+      alignment_ = Qt::AlignRight;
+      break;
+    case NSTextAlignment::kLeft:
+    case NSTextAlignment::kNatural:
+      alignment_ = Qt::AlignLeft;
+      break;
+  }
+  if (changed && accessibleRole() != QAccessible::NoRole) {
+    notifyAccessibleChange(QAccessible::NameChanged);
+  }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/preferences/PSListController.h"
+#include "settings/BundleEntry.h"
+#include "settings/BundleLoader.h"
+
+/// The application's own first page: one row for each installed bundle. A bundle's module is opened
+/// when its row is first tapped. Main thread.
+class SettingsListController : public PSListController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  static std::shared_ptr<SettingsListController> withEntries(std::vector<BundleEntry> entries,
+                                                             std::shared_ptr<BundleLoader> loader);
+
+  const PSSpecifiers& specifiers() override;
+  void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
+
+  /// Opens the pane of that class: the page of the bundle that knows it, and on top of that the
+  /// pane itself, through the row that leads to it where that page has one.
+  void openPane(const std::string& className);
+
+ private:
+  void open(std::size_t entry, bool animated);
+
+  std::vector<BundleEntry> entries_;
+  std::shared_ptr<BundleLoader> loader_;
+};

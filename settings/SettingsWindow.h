@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QImage>
+#include <QObject>
+#include <QQmlEngine>
+#include <QQuickView>
+#include <QSize>
+#include <memory>
+
+#include "settings/MainQueueHost.h"
+#include "settings/Navigation.h"
+#include "settings/PictureProvider.h"
+#include "settings/Sheets.h"
+#include "settings/ViewMirror.h"
+
+/// The application's window and all that keeps it up to date. Main thread.
+class SettingsWindow : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `sheets` outlives the window.
+  SettingsWindow(Sheets& sheets, PictureProvider::PathResolver resolvePicture, QSize size);
+  ~SettingsWindow() override;
+  Q_DISABLE_COPY_MOVE(SettingsWindow)
+
+  Navigation& navigation() { return navigation_; }
+
+  void show();
+  QSize size() const { return view_.size(); }
+  void resize(QSize size) { view_.resize(size); }
+
+  /// Height, in points, at which the top page is shown whole.
+  int wholePageHeight();
+
+  /// What is shown once all pictures are there and nothing is left to be done, whether or not the
+  /// window is on a screen. A null image when the renderer cannot draw.
+  QImage picture();
+
+ signals:
+  /// The user has closed the window.
+  void closed();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void settle();
+
+  MainQueueHost queue_;
+  QQmlEngine engine_;
+  ViewMirror mirror_;
+  Navigation navigation_;
+  QQuickView view_;
+};

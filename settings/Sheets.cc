@@ -1,0 +1,41 @@
+#include "settings/Sheets.h"
+
+#include <cstdio>
+
+#include "platform/foundation/MainQueue.h"
+#include "platform/social/SLComposeViewController.h"
+
+void Sheets::closeAlert() {
+  if (alerts_.empty()) {
+    return;
+  }
+  alerts_.front().release()->deleteLater();
+  alerts_.pop_front();
+  emit changed();
+}
+
+void Sheets::present(UIViewController& /*presenter*/,
+                     const std::shared_ptr<UIViewController>& sheet) {
+  if (auto compose = cast<SLComposeViewController>(sheet)) {
+    compose_ = std::make_unique<ComposeModel>(std::move(compose));
+    emit changed();
+    return;
+  }
+  std::fprintf(stderr, "quietdial-settings: a sheet of the class %.*s cannot be shown\n",
+               static_cast<int>(sheet->classDescription().name.size()),
+               sheet->classDescription().name.data());
+  MainQueue::shared().async([sheet] { sheet->dismissViewControllerAnimatedCompletion(false, {}); });
+}
+
+void Sheets::dismiss(UIViewController& sheet) {
+  if (compose_ && &compose_->sheet() == &sheet) {
+    // Its own button may still be on the stack.
+    compose_.release()->deleteLater();
+    emit changed();
+  }
+}
+
+void Sheets::show(const std::shared_ptr<UIAlertView>& alert) {
+  alerts_.push_back(std::make_unique<AlertModel>(alert));
+  emit changed();
+}

@@ -1,0 +1,45 @@
+#include "settings/SystemFont.h"
+
+#include <QDir>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QString>
+#include <array>
+#include <cstdio>
+
+namespace {
+
+constexpr const char* kFolder = "/usr/share/fonts/opentype/inter/";
+constexpr std::array kFiles{"Inter-Regular.otf", "Inter-SemiBold.otf"};
+
+QString& family() {
+  static QString name;
+  return name;
+}
+
+}  // namespace
+
+void system_font::load() {
+  for (const char* file : kFiles) {
+    const int id =
+        QFontDatabase::addApplicationFont(QString::fromLatin1(kFolder) + QString::fromLatin1(file));
+    const QStringList families = QFontDatabase::applicationFontFamilies(id);
+    if (families.isEmpty()) {
+      std::fprintf(stderr,
+                   "quietdial-settings: %s%s cannot be loaded (package fonts-inter); texts are "
+                   "shown in the system's own font\n",
+                   kFolder, file);
+      family() = QGuiApplication::font().family();
+      return;
+    }
+    family() = families.front();
+  }
+}
+
+QFont system_font::font(const UIFont& font) {
+  QFont result(family());
+  result.setPixelSize(qMax(1, qRound(font.pointSize)));
+  result.setWeight(font.weight == UIFontWeight::kSemibold ? QFont::DemiBold : QFont::Normal);
+  result.setHintingPreference(QFont::PreferNoHinting);
+  return result;
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QList>
+#include <QPointer>
+#include <QString>
+#include <optional>
+
+#include "platform/foundation/NSIndexPath.h"
+#include "settings/ViewItem.h"
+
+class TableCellItem;
+class UITableViewCell;
+
+/// Shows a UITableView on one scrolling surface, and leads the keyboard through its rows: Tab
+/// reaches one of them, the arrows go from row to row, typing goes to the row that begins so.
+class TableItem : public ViewItem {
+  Q_OBJECT
+  QML_ELEMENT
+  Q_PROPERTY(qreal contentHeight READ contentHeight NOTIFY lookChanged)
+
+ public:
+  explicit TableItem(QQuickItem* parent = nullptr);
+
+  qreal contentHeight() const { return contentHeight_; }
+
+  /// The user has tapped that row.
+  void tapRow(const UITableViewCell& cell);
+  /// That item of a row is about to be deleted; another may take its place.
+  void rowIsGoing(const ViewItem& item);
+
+  QAccessible::Role accessibleRole() const override { return QAccessible::List; }
+  QString accessibleName() const override;
+
+ signals:
+  /// The keyboard has gone to what lies there in the list.
+  void revealRequested(qreal y, qreal height);
+
+ protected:
+  void takeOverLook() override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
+
+ private:
+  enum class LostFocus { None, Scope, Active };
+
+  QList<TableCellItem*> stops() const;
+  TableCellItem* cellAt(NSIndexPath indexPath) const;
+  std::optional<NSIndexPath> pathOf(const TableCellItem& cell) const;
+  void focusRow(TableCellItem& row);
+  TableCellItem* rowForKey(int key) const;
+  TableCellItem* rowForTyping(const QKeyEvent& event);
+  void followFocus();
+  void makeCurrent(TableCellItem* row);
+  void restoreRow();
+
+  QPointer<TableCellItem> current_;
+  std::optional<NSIndexPath> currentPath_;
+  LostFocus lostFocus_ = LostFocus::None;
+  bool focusWasVisible_ = false;
+  QString typed_;
+  quint64 lastTyped_ = 0;
+  qreal contentHeight_ = 0;
+};

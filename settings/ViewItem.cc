@@ -1,0 +1,66 @@
+#include "settings/ViewItem.h"
+
+#include "platform/uikit/UITableView.h"
+#include "platform/uikit/UITapGestureRecognizer.h"
+#include "platform/uikit/UIView.h"
+#include "settings/ViewMirror.h"
+
+QColor toQColor(const UIColor& color) {
+  return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                          static_cast<float>(color.blue), static_cast<float>(color.alpha));
+}
+
+ViewItem::ViewItem(QQuickItem* parent) : AccessibleItem(parent) {}
+
+ViewItem::~ViewItem() {
+  if (view_) {
+    mirror_->forget(*view_);
+  }
+}
+
+void ViewItem::attach(UIView& view, ViewMirror& mirror) {
+  view_ = &view;
+  mirror_ = &mirror;
+}
+
+void ViewItem::detach() {
+  view_ = nullptr;
+}
+
+bool ViewItem::recognizesTaps() const {
+  return view_ && !view_->gestureRecognizers().empty();
+}
+
+bool ViewItem::takeOver() {
+  if (!view_) {
+    return false;
+  }
+  const CGRect frame = view_->frame();
+  setPosition({frame.origin.x, frame.origin.y});
+  setSize({frame.size.width, frame.size.height});
+  setVisible(!view_->isHidden());
+  color_ = view_->backgroundColor() ? toQColor(*view_->backgroundColor()) : Qt::transparent;
+  radius_ = view_->cornerRadius();
+  const QColor tint = toQColor(view_->tintColor());
+  const bool tinted = tint != tint_;
+  tint_ = tint;
+  takeOverLook();
+  emit lookChanged();
+  return tinted;
+}
+
+bool ViewItem::ordersByPosition() const {
+  const auto table = view_ ? cast<UITableView>(view_->superview()) : nullptr;
+  return table && table->wrapperView().get() == view_;
+}
+
+void ViewItem::recognizeTap() {
+  if (!view_) {
+    return;
+  }
+  const auto keptAlive = view_->shared_from_this();
+  const auto recognizers = view_->gestureRecognizers();
+  for (const auto& recognizer : recognizers) {
+    recognizer->recognize();
+  }
+}

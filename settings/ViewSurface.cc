@@ -1,0 +1,109 @@
+#include "settings/ViewSurface.h"
+
+#include <QQmlEngine>
+
+#include "platform/uikit/UIView.h"
+#include "settings/TableItem.h"
+#include "settings/ViewItem.h"
+#include "settings/ViewMirror.h"
+
+namespace {
+
+TableItem* firstTable(const QQuickItem& item) {
+  for (auto* child : item.childItems()) {
+    if (auto* table = qobject_cast<TableItem*>(child)) {
+      return table;
+    }
+    if (auto* table = firstTable(*child)) {
+      return table;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+ViewSurface::ViewSurface(QQuickItem* parent) : QQuickItem(parent) {}
+
+ViewSurface::~ViewSurface() {
+  if (auto* owner = mirror(); owner && added_) {
+    owner->remove(*this);
+  }
+}
+
+ViewMirror* ViewSurface::mirror() const {
+  const auto* engine = qmlEngine(this);
+  return engine ? engine->property("viewMirror").value<ViewMirror*>() : nullptr;
+}
+
+void ViewSurface::setRoot(const ViewHandle& root) {
+  if (root == root_) {
+    return;
+  }
+  root_ = root;
+  for (auto* child : childItems()) {
+    child->setParentItem(nullptr);
+    child->deleteLater();
+  }
+  fit();
+  emit rootChanged();
+}
+
+void ViewSurface::setLive(bool live) {
+  if (live == live_) {
+    return;
+  }
+  live_ = live;
+  fit();
+  emit liveChanged();
+}
+
+void ViewSurface::componentComplete() {
+  QQuickItem::componentComplete();
+  if (auto* owner = mirror()) {
+    owner->add(*this);
+    added_ = true;
+  }
+  fit();
+}
+
+void ViewSurface::geometryChange(const QRectF& newGeometry, const QRectF& oldGeometry) {
+  QQuickItem::geometryChange(newGeometry, oldGeometry);
+  if (newGeometry.size() != oldGeometry.size()) {
+    fit();
+  }
+}
+
+void ViewSurface::fit() {
+  if (!root_ || !live_) {
+    return;
+  }
+  if (!fillsSurface_) {
+    setImplicitSize(root_->frame().size.width, root_->frame().size.height);
+  } else if (width() > 0 && height() > 0) {
+    root_->setFrame(CGRectMake(0, 0, width(), height()));
+  }
+  if (auto* owner = mirror(); owner && added_) {
+    owner->scheduleCommit();
+  }
+}
+
+void ViewSurface::layOut() {
+  if (!root_ || !live_) {
+    return;
+  }
+  root_->layoutIfNeeded();
+  auto& item = mirror()->itemFor(*root_);
+  if (item.parentItem() != this) {
+    item.setParentItem(this);
+    item.setParent(this);
+  }
+}
+
+void ViewSurface::takeFocus() {
+  if (auto* table = firstTable(*this)) {
+    table->forceActiveFocus(Qt::OtherFocusReason);
+  } else {
+    forceActiveFocus(Qt::OtherFocusReason);
+  }
+}

@@ -1,0 +1,93 @@
+import QtQuick
+import QuietDial.Settings
+
+FocusScope {
+    id: sheet
+
+    required property AlertModel model
+    signal closed
+
+    focus: true
+    Component.onCompleted: button.forceActiveFocus()
+
+    Shortcut {
+        sequences: ["Escape"]
+        onActivated: sheet.closed()
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.dimColor
+    }
+    MouseArea {
+        // Nothing under the alert is reached.
+        anchors.fill: parent
+        onWheel: wheel => wheel.accepted = true
+    }
+    AccessibleElement {
+        anchors.centerIn: parent
+        width: Math.min(Theme.alertWidth, parent.width - 2 * Theme.alertPadding)
+        height: texts.height + 2 * Theme.alertPadding + button.height
+        kind: AccessibleElement.Dialog
+        name: sheet.model.title
+
+        Rectangle {
+            anchors.fill: parent
+            radius: Theme.alertRadius
+            color: "#f8f8f8"
+        }
+        Column {
+            id: texts
+            x: Theme.alertPadding
+            y: Theme.alertPadding
+            width: parent.width - 2 * x
+            spacing: 4
+            AccessibleElement {
+                width: parent.width
+                height: titleText.implicitHeight
+                kind: AccessibleElement.Heading
+                name: sheet.model.title
+                Text {
+                    id: titleText
+                    width: parent.width
+                    text: sheet.model.title
+                    textFormat: Text.PlainText
+                    font.pixelSize: 17
+                    font.weight: Font.DemiBold
+                    font.hintingPreference: Font.PreferNoHinting
+                    wrapMode: Text.Wrap
+                    horizontalAlignment: Text.AlignHCenter
+                }
+            }
+            AccessibleElement {
+                width: parent.width
+                height: messageText.implicitHeight
+                kind: AccessibleElement.Text
+                name: sheet.model.message
+                Text {
+                    id: messageText
+                    width: parent.width
+                    text: sheet.model.message
+                    textFormat: Text.PlainText
+                    font.pixelSize: 13
+                    font.hintingPreference: Font.PreferNoHinting
+                    wrapMode: Text.Wrap
+                    horizontalAlignment: Text.AlignHCenter
+                }
+            }
+        }
+        Rectangle {
+            anchors.bottom: button.top
+            width: parent.width
+            height: Theme.hairline
+            color: Theme.alertLineColor
+        }
+        SheetButton {
+            id: button
+            anchors.bottom: parent.bottom
+            width: parent.width
+            name: sheet.model.button
+            prominent: true
+            onPressed: sheet.closed()
+        }
+    }
+}

@@ -1,0 +1,92 @@
+import QtQuick
+import QuietDial.Settings
+
+// What the bar shows for one page. Title and back button move with the page, at half its pace, and
+// fade.
+Item {
+    id: items
+
+    required property Page page
+    required property int index
+    required property Navigation navigation
+    required property real depth
+
+    readonly property real offset: index - depth
+    readonly property real shift: offset * width / 2
+    readonly property real leftEdge: (back.visible ? back.x + back.width
+                                      : page.leftButton.present ? left.width : 0) + Theme.barMargin
+    readonly property real rightEdge: (page.rightButton.present ? right.width : 0) + Theme.barMargin
+
+    visible: Math.abs(offset) < 1
+    enabled: index === navigation.top
+    opacity: 1 - Math.min(1, Math.abs(offset) * 1.5)
+
+    BackButton {
+        id: back
+        visible: items.index > 0 && !items.page.leftButton.present
+        height: parent.height
+        shift: items.shift
+        title: items.page.backTitle
+        room: (items.width - titleMetrics.width) / 2 - Theme.barMargin
+        onPressed: items.navigation.back()
+    }
+    TextMetrics {
+        id: titleMetrics
+        font: heading.textFont
+        text: items.page.hasTitleView ? "" : items.page.title
+    }
+    BarButtonView {
+        id: left
+        anchors.left: parent.left
+        button: items.page.leftButton
+        navigation: items.navigation
+    }
+    BarButtonView {
+        id: right
+        anchors.right: parent.right
+        button: items.page.rightButton
+        navigation: items.navigation
+    }
+    AccessibleElement {
+        id: heading
+
+        readonly property font textFont: Qt.font({
+            family: titleText.font.family,
+            pixelSize: 17,
+            weight: Font.DemiBold
+        })
+        // Centred in the bar, pushed aside only as far as the buttons demand.
+        readonly property real room: items.width - items.leftEdge - items.rightEdge
+        readonly property real wanted: Math.min(room, Math.ceil(titleMetrics.width) + 1)
+        x: items.shift + Math.max(items.leftEdge, Math.min((items.width - wanted) / 2,
+                                                           items.width - items.rightEdge - wanted))
+        width: wanted
+        height: parent.height
+        kind: AccessibleElement.Heading
+        name: items.page.title
+
+        Text {
+            id: titleText
+            anchors.fill: parent
+            visible: !items.page.hasTitleView
+            text: items.page.title
+            textFormat: Text.PlainText
+            font.pixelSize: 17
+            font.weight: Font.DemiBold
+            font.hintingPreference: Font.PreferNoHinting
+            elide: Text.ElideRight
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+        }
+    }
+    ViewSurface {
+        x: items.shift + (items.width - width) / 2
+        y: (items.height - height) / 2
+        width: implicitWidth
+        height: implicitHeight
+        fillsSurface: false
+        root: items.page.titleView
+        live: items.index === items.navigation.top
+        visible: items.page.hasTitleView
+    }
+}

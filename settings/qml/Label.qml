@@ -1,0 +1,27 @@
+import QtQuick
+import QuietDial.Settings
+
+LabelItem {
+    id: label
+
+    Rectangle {
+        anchors.fill: parent
+        visible: color.a > 0
+        color: label.color
+        radius: label.radius
+    }
+    Text {
+        anchors.fill: parent
+        text: label.text
+        textFormat: Text.PlainText
+        font: label.font
+        color: label.textColor
+        horizontalAlignment: label.alignment
+        verticalAlignment: label.lines === 1 ? Text.AlignVCenter : Text.AlignTop
+        wrapMode: label.lines === 1 ? Text.NoWrap : Text.Wrap
+        maximumLineCount: label.lines > 0 ? label.lines : 0x7fffffff
+        elide: Text.ElideRight
+        Component.onCompleted: if (label.capitals)
+            font.capitalization = Font.AllUppercase
+    }
+}

@@ -1,0 +1,47 @@
+import QtQuick
+import QtQuick.Window
+import QuietDial.Settings
+
+AccessibleElement {
+    id: main
+
+    required property Navigation navigation
+    required property Sheets sheets
+
+    readonly property bool covered: sheets.alert !== null || sheets.compose !== null
+
+    kind: AccessibleElement.Window
+    name: navigation.title
+    Accessible.role: Accessible.Pane
+
+    Binding {
+        target: Theme
+        property: "devicePixelRatio"
+        value: main.Screen.devicePixelRatio
+    }
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.pageColor
+    }
+    NavigationView {
+        anchors.fill: parent
+        enabled: !main.covered
+        navigation: main.navigation
+    }
+    Loader {
+        anchors.fill: parent
+        active: main.sheets.compose !== null
+        enabled: main.sheets.alert === null
+        sourceComponent: ComposeSheet {
+            model: main.sheets.compose
+        }
+    }
+    Loader {
+        anchors.fill: parent
+        active: main.sheets.alert !== null
+        sourceComponent: AlertSheet {
+            model: main.sheets.alert
+            onClosed: main.sheets.closeAlert()
+        }
+    }
+}

@@ -1,0 +1,9 @@
+import QtQuick
+import QuietDial.Settings
+
+// A picture of the frameworks, decoded for the pixels that it covers.
+Image {
+    asynchronous: true
+    sourceSize: Qt.size(Math.round(width * Theme.devicePixelRatio),
+                        Math.round(height * Theme.devicePixelRatio))
+}

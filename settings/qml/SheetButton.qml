@@ -1,0 +1,42 @@
+import QtQuick
+import QuietDial.Settings
+
+// A word to press in a sheet.
+AccessibleElement {
+    id: button
+
+    property bool prominent: false
+
+    kind: AccessibleElement.Button
+    Accessible.role: Accessible.Button
+    activeFocusOnTab: true
+    implicitWidth: Math.max(Theme.hitSize, label.implicitWidth + 2 * Theme.barPictureMargin)
+    implicitHeight: Theme.hitSize
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.pressedColor
+        visible: tap.pressed
+    }
+    Text {
+        id: label
+        anchors.fill: parent
+        text: button.name
+        textFormat: Text.PlainText
+        font.pixelSize: 17
+        font.weight: button.prominent ? Font.DemiBold : Font.Normal
+        font.hintingPreference: Font.PreferNoHinting
+        color: Theme.tint
+        opacity: button.enabled ? 1 : Theme.disabledOpacity
+        elide: Text.ElideRight
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+    }
+    TapHandler {
+        id: tap
+        onTapped: button.tap()
+    }
+    FocusFrame {
+        target: button
+    }
+}

@@ -1,0 +1,37 @@
+import QtQuick
+import QuietDial.Settings
+
+TableItem {
+    id: table
+
+    container: flickable.contentItem
+    activeFocusOnTab: false
+    Accessible.role: Accessible.List
+    onRevealRequested: (y, height) => {
+        const room = Math.min(flickable.height / 2, height);
+        const top = Math.max(0, y - room);
+        const bottom = y + height + room - flickable.height;
+        const last = Math.max(0, flickable.contentHeight - flickable.height);
+        const goal = Math.min(last, flickable.contentY > top ? top
+                              : flickable.contentY < bottom ? bottom : flickable.contentY);
+        if (goal !== flickable.contentY) {
+            flickable.cancelFlick();
+            flickable.contentY = goal;
+        }
+    }
+
+    Flickable {
+        id: flickable
+        anchors.fill: parent
+        contentWidth: width
+        contentHeight: table.contentHeight
+        flickableDirection: Flickable.VerticalFlick
+        maximumFlickVelocity: 4000
+        flickDeceleration: 1500
+        pixelAligned: true
+        clip: true
+    }
+    ScrollBar {
+        flickable: flickable
+    }
+}

@@ -1,0 +1,56 @@
+import QtQuick
+import QuietDial.Settings
+
+TextFieldItem {
+    id: field
+
+    editor: input
+    Accessible.role: Accessible.EditableText
+    onEditingChanged: {
+        if (editing)
+            input.forceActiveFocus();
+        else
+            input.focus = false;
+    }
+    readonly property string shownText: text
+    onShownTextChanged: if (input.text !== shownText)
+        input.text = shownText
+
+    Text {
+        anchors.fill: parent
+        visible: input.text.length === 0 && input.preeditText.length === 0
+        text: field.placeholder
+        textFormat: Text.PlainText
+        font: field.font
+        color: Theme.placeholderColor
+        verticalAlignment: Text.AlignVCenter
+        elide: Text.ElideRight
+    }
+    TextInput {
+        id: input
+        anchors.fill: parent
+        focus: false
+        activeFocusOnTab: field.enabled
+        font: field.font
+        color: field.textColor
+        selectionColor: Theme.tint
+        selectByMouse: true
+        clip: true
+        verticalAlignment: TextInput.AlignVCenter
+        inputMethodHints: field.inputMethodHints
+        onActiveFocusChanged: {
+            if (activeFocus)
+                field.beginEditing();
+            else
+                field.endEditing();
+        }
+        onTextEdited: field.edit(text)
+        onAccepted: field.pressReturn()
+        onCursorPositionChanged: field.cursorMoved()
+        cursorDelegate: Rectangle {
+            width: 2
+            color: Theme.tint
+            visible: input.cursorVisible
+        }
+    }
+}

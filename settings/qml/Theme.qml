@@ -1,0 +1,59 @@
+pragma Singleton
+import QtQuick
+
+// Every measure and colour of the window's own that platform/uikit/metrics.h does not have already,
+// in points.
+QtObject {
+    property real devicePixelRatio: 1
+    readonly property real hairline: 1 / devicePixelRatio
+
+    readonly property color pageColor: "#efeff4"
+    readonly property color tint: "#007aff"
+    readonly property color separatorColor: "#c8c7cc"
+    readonly property color pressedColor: "#d9d9d9"
+    readonly property color chevronColor: "#c7c7cc"
+    readonly property color placeholderColor: "#c7c7cd"
+    readonly property color secondaryTextColor: "#8e8e93"
+    readonly property color focusColor: "#007aff"
+    readonly property real focusWidth: 2
+
+    readonly property real barHeight: 44
+    readonly property color barColor: "#f8f8f8"
+    readonly property color barLineColor: "#c4c4c4"
+    readonly property real barMargin: 8
+    readonly property real barPictureMargin: 15
+    readonly property real barGap: 6
+    readonly property real backWidth: 12
+    readonly property real backHeight: 20
+    readonly property real backStroke: 2.25
+    readonly property real pressedOpacity: 0.3
+    readonly property real disabledOpacity: 0.35
+    readonly property real hitSize: 44
+
+    readonly property real indicatorMargin: 15
+    readonly property real chevronWidth: 8
+    readonly property real chevronHeight: 13
+    readonly property real chevronStroke: 2
+    readonly property real checkmarkWidth: 15
+    readonly property real checkmarkHeight: 12
+    readonly property real checkmarkStroke: 2
+    readonly property real iconRadius: 6.5
+
+    readonly property int slideTime: 400
+    readonly property int releaseTime: 300
+    // How far the page below moves to the left and how much it dims while another slides over it.
+    readonly property real slideParallax: 0.3
+    readonly property real slideDim: 0.1
+    readonly property real edgeWidth: 20
+    readonly property int scrollTime: 150
+
+    readonly property real alertWidth: 270
+    readonly property real alertRadius: 7
+    readonly property real alertPadding: 18
+    readonly property real alertStartScale: 1.185
+    readonly property color alertLineColor: "#b5b5b5"
+    readonly property color dimColor: "#66000000"
+    readonly property real composeMargin: 12
+    readonly property real composeWidth: 400
+    readonly property real composeTextHeight: 132
+}
