@@ -30,13 +30,19 @@ void LabelItem::takeOverLook() {
   font_ = system_font::font(label.font());
   textColor_ = toQColor(label.textColor());
   lines_ = label.numberOfLines();
-  capitals_ = isHeaderText(label);
+  if (isHeaderText(label)) {
+    font_.setCapitalization(QFont::AllUppercase);
+  }
   switch (label.textAlignment()) {
     case NSTextAlignment::kCenter:
       alignment_ = Qt::AlignHCenter;
       break;
     case NSTextAlignment::kRight:
       alignment_ = Qt::AlignRight;
+      // Blanks at the end would push the text away from the edge that it stands at.
+      while (text_.endsWith(u' ')) {
+        text_.chop(1);
+      }
       break;
     case NSTextAlignment::kLeft:
     case NSTextAlignment::kNatural:

@@ -15,8 +15,6 @@ class LabelItem : public ViewItem {
   Q_PROPERTY(int alignment READ alignment NOTIFY lookChanged)
   /// 0 for any number.
   Q_PROPERTY(int lines READ lines NOTIFY lookChanged)
-  /// Whether the letters are shown as capitals.
-  Q_PROPERTY(bool capitals READ isCapitals NOTIFY lookChanged)
 
  public:
   using ViewItem::ViewItem;
@@ -26,7 +24,6 @@ class LabelItem : public ViewItem {
   QColor textColor() const { return textColor_; }
   int alignment() const { return alignment_; }
   int lines() const { return lines_; }
-  bool isCapitals() const { return capitals_; }
 
   QAccessible::Role accessibleRole() const override;
   QString accessibleName() const override;
@@ -40,5 +37,4 @@ class LabelItem : public ViewItem {
   QColor textColor_;
   int alignment_ = Qt::AlignLeft;
   int lines_ = 1;
-  bool capitals_ = false;
 };

@@ -70,16 +70,16 @@ void Navigation::didPush(UIViewController& controller, bool animated) {
       std::make_unique<Page>(cast<UIViewController>(controller.shared_from_this()), backTitle));
   endInsertRows();
   top_ = row;
-  emit topChanged(animated);
+  emit topChanged(animated && animated_);
   emit titleChanged();
 }
 
 void Navigation::didPop(UIViewController& /*controller*/, bool animated) {
   dropLeftPages();
   --top_;
-  emit topChanged(animated);
+  emit topChanged(animated && animated_);
   emit titleChanged();
-  if (!animated) {
+  if (!animated || !animated_) {
     dropLeftPages();
   }
 }

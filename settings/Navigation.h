@@ -36,6 +36,9 @@ class Navigation : public QAbstractListModel, public UINavigationControllerObser
   /// Commits what is being typed.
   Q_INVOKABLE void endEditing();
 
+  /// Whether pages slide; they do unless told otherwise.
+  void setAnimated(bool animated) { animated_ = animated; }
+
   /// Reads what the bar shows for each page again.
   void refresh();
 
@@ -58,4 +61,5 @@ class Navigation : public QAbstractListModel, public UINavigationControllerObser
   std::shared_ptr<UINavigationController> inner_;
   std::vector<std::unique_ptr<Page>> pages_;
   int top_ = -1;
+  bool animated_ = true;
 };

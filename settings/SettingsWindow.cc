@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QQuickItem>
+#include <QResizeEvent>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -68,6 +69,15 @@ bool SettingsWindow::eventFilter(QObject* watched, QEvent* event) {
     emit closed();
   }
   return QObject::eventFilter(watched, event);
+}
+
+void SettingsWindow::resize(QSize size) {
+  QResizeEvent event(size, view_.size());
+  view_.resize(size);
+  if (!view_.isVisible()) {
+    // A window that was never shown is not told of its size.
+    QCoreApplication::sendEvent(&view_, &event);
+  }
 }
 
 int SettingsWindow::wholePageHeight() {

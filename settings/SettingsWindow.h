@@ -27,7 +27,7 @@ class SettingsWindow : public QObject {
 
   void show();
   QSize size() const { return view_.size(); }
-  void resize(QSize size) { view_.resize(size); }
+  void resize(QSize size);
 
   /// Height, in points, at which the top page is shown whole.
   int wholePageHeight();

@@ -1,9 +1,9 @@
 #include "settings/SystemFont.h"
 
-#include <QDir>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QString>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -34,12 +34,27 @@ void system_font::load() {
     }
     family() = families.front();
   }
+  QGuiApplication::setFont(QFont(family()));
 }
+
+namespace {
+
+// The family is drawn for small sizes; at the size of a row's title its letters stand as far apart
+// as those of a phone only when they are set closer. In pixels.
+qreal letterSpacing(double pointSize) {
+  constexpr double kSmall = 13;
+  constexpr double kTitle = 17;
+  const double part = std::clamp((pointSize - kSmall) / (kTitle - kSmall), 0.0, 1.0);
+  return -0.08 - 0.42 * part;
+}
+
+}  // namespace
 
 QFont system_font::font(const UIFont& font) {
   QFont result(family());
   result.setPixelSize(qMax(1, qRound(font.pointSize)));
   result.setWeight(font.weight == UIFontWeight::kSemibold ? QFont::DemiBold : QFont::Normal);
+  result.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing(font.pointSize));
   result.setHintingPreference(QFont::PreferNoHinting);
   return result;
 }

@@ -123,6 +123,7 @@ int run(const Options& options) {
     return paths->forReading(path).value_or("");
   };
   SettingsWindow window(*sheets, resolve, options.size);
+  window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));
   window.navigation().stack().pushViewControllerAnimated(first, false);

@@ -51,9 +51,7 @@ FocusScope {
                     width: parent.width
                     text: sheet.model.title
                     textFormat: Text.PlainText
-                    font.pixelSize: 17
-                    font.weight: Font.DemiBold
-                    font.hintingPreference: Font.PreferNoHinting
+                    font: Theme.titleFont
                     wrapMode: Text.Wrap
                     horizontalAlignment: Text.AlignHCenter
                 }
@@ -68,8 +66,7 @@ FocusScope {
                     width: parent.width
                     text: sheet.model.message
                     textFormat: Text.PlainText
-                    font.pixelSize: 13
-                    font.hintingPreference: Font.PreferNoHinting
+                    font: Theme.noteFont
                     wrapMode: Text.Wrap
                     horizontalAlignment: Text.AlignHCenter
                 }

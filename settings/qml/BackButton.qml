@@ -49,8 +49,7 @@ AccessibleElement {
             height: parent.height
             text: back.shownTitle
             textFormat: Text.PlainText
-            font.pixelSize: 17
-            font.hintingPreference: Font.PreferNoHinting
+            font: Theme.bodyFont
             color: Theme.tint
             verticalAlignment: Text.AlignVCenter
         }

@@ -13,6 +13,7 @@ Item {
 
     readonly property real offset: index - depth
     readonly property real shift: offset * width / 2
+    readonly property real titleWidth: page.hasTitleView ? titleSurface.width : titleMetrics.width
     readonly property real leftEdge: (back.visible ? back.x + back.width
                                       : page.leftButton.present ? left.width : 0) + Theme.barMargin
     readonly property real rightEdge: (page.rightButton.present ? right.width : 0) + Theme.barMargin
@@ -27,13 +28,13 @@ Item {
         height: parent.height
         shift: items.shift
         title: items.page.backTitle
-        room: (items.width - titleMetrics.width) / 2 - Theme.barMargin
+        room: (items.width - items.titleWidth) / 2 - Theme.barMargin
         onPressed: items.navigation.back()
     }
     TextMetrics {
         id: titleMetrics
-        font: heading.textFont
-        text: items.page.hasTitleView ? "" : items.page.title
+        font: Theme.titleFont
+        text: items.page.title
     }
     BarButtonView {
         id: left
@@ -50,14 +51,9 @@ Item {
     AccessibleElement {
         id: heading
 
-        readonly property font textFont: Qt.font({
-            family: titleText.font.family,
-            pixelSize: 17,
-            weight: Font.DemiBold
-        })
         // Centred in the bar, pushed aside only as far as the buttons demand.
         readonly property real room: items.width - items.leftEdge - items.rightEdge
-        readonly property real wanted: Math.min(room, Math.ceil(titleMetrics.width) + 1)
+        readonly property real wanted: Math.min(room, Math.ceil(items.titleWidth) + 1)
         x: items.shift + Math.max(items.leftEdge, Math.min((items.width - wanted) / 2,
                                                            items.width - items.rightEdge - wanted))
         width: wanted
@@ -71,15 +67,14 @@ Item {
             visible: !items.page.hasTitleView
             text: items.page.title
             textFormat: Text.PlainText
-            font.pixelSize: 17
-            font.weight: Font.DemiBold
-            font.hintingPreference: Font.PreferNoHinting
+            font: Theme.titleFont
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
         }
     }
     ViewSurface {
+        id: titleSurface
         x: items.shift + (items.width - width) / 2
         y: (items.height - height) / 2
         width: implicitWidth

@@ -52,9 +52,7 @@ FocusScope {
                 anchors.fill: parent
                 text: heading.name
                 textFormat: Text.PlainText
-                font.pixelSize: 17
-                font.weight: Font.DemiBold
-                font.hintingPreference: Font.PreferNoHinting
+                font: Theme.titleFont
                 elide: Text.ElideRight
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
@@ -92,8 +90,7 @@ FocusScope {
                     height: Math.max(flickable.height, implicitHeight)
                     text: sheet.model.text
                     textFormat: TextEdit.PlainText
-                    font.pixelSize: 17
-                    font.hintingPreference: Font.PreferNoHinting
+                    font: Theme.bodyFont
                     wrapMode: TextEdit.Wrap
                     selectByMouse: true
                     selectionColor: Theme.tint

@@ -21,7 +21,5 @@ LabelItem {
         wrapMode: label.lines === 1 ? Text.NoWrap : Text.Wrap
         maximumLineCount: label.lines > 0 ? label.lines : 0x7fffffff
         elide: Text.ElideRight
-        Component.onCompleted: if (label.capitals)
-            font.capitalization = Font.AllUppercase
     }
 }

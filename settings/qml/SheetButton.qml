@@ -23,9 +23,7 @@ AccessibleElement {
         anchors.fill: parent
         text: button.name
         textFormat: Text.PlainText
-        font.pixelSize: 17
-        font.weight: button.prominent ? Font.DemiBold : Font.Normal
-        font.hintingPreference: Font.PreferNoHinting
+        font: button.prominent ? Theme.titleFont : Theme.bodyFont
         color: Theme.tint
         opacity: button.enabled ? 1 : Theme.disabledOpacity
         elide: Text.ElideRight

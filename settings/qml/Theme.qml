@@ -17,6 +17,23 @@ QtObject {
     readonly property color focusColor: "#007aff"
     readonly property real focusWidth: 2
 
+    readonly property font bodyFont: Qt.font({
+        pixelSize: 17,
+        letterSpacing: -0.5,
+        hintingPreference: Font.PreferNoHinting
+    })
+    readonly property font titleFont: Qt.font({
+        pixelSize: 17,
+        letterSpacing: -0.5,
+        weight: Font.DemiBold,
+        hintingPreference: Font.PreferNoHinting
+    })
+    readonly property font noteFont: Qt.font({
+        pixelSize: 13,
+        letterSpacing: -0.08,
+        hintingPreference: Font.PreferNoHinting
+    })
+
     readonly property real barHeight: 44
     readonly property color barColor: "#f8f8f8"
     readonly property color barLineColor: "#c4c4c4"

@@ -1,0 +1,62 @@
+"""What the program answers to its arguments."""
+
+import os
+import tempfile
+import unittest
+
+import program
+
+
+class CommandLine(unittest.TestCase):
+    def refuses(self, *arguments):
+        result = program.run(*arguments)
+        self.assertEqual(result.returncode, 2, result.stderr)
+        self.assertEqual(result.stdout, "")
+        self.assertEqual(result.stderr.count("\n"), 1, result.stderr)
+        self.assertTrue(result.stderr.startswith("quietdial-settings: "), result.stderr)
+
+    def test_unusable_arguments_are_refused_with_one_line(self):
+        for arguments in (["--bogus"], ["word"], ["--size", "tall"], ["--size", "1x1"],
+                          ["--size", "99999x600"], ["--scale", "nan"], ["--scale", "0"],
+                          ["--renderer", "crayon"], ["--bundle", "/no/such.bundle"],
+                          ["--screenshot", ""], ["--root", ""],
+                          ["--screenshot", "a", "--tour", "b"]):
+            with self.subTest(arguments=arguments):
+                self.refuses(*arguments)
+
+    def test_help_names_every_option(self):
+        result = program.run("--help")
+        self.assertEqual(result.returncode, 0)
+        for option in ("root", "bundle", "pane", "entry-badge", "size", "scale", "screenshot",
+                       "tour", "renderer", "help", "version"):
+            self.assertIn("--" + option, result.stdout)
+
+    def test_version_is_one_line(self):
+        result = program.run("--version")
+        self.assertEqual(result.returncode, 0)
+        self.assertRegex(result.stdout, r"^quietdial-settings \d+\.\d+\.\d+\n$")
+
+    def test_without_a_display_one_sentence_says_so(self):
+        for environment in ({}, {"DISPLAY": ":987"}):
+            with self.subTest(environment=environment), tempfile.TemporaryDirectory() as root:
+                result = program.run("--root", root, **environment)
+                self.assertEqual(result.returncode, 1, result.stderr)
+                self.assertEqual(result.stderr.count("\n"), 1, result.stderr)
+                self.assertIn("no display", result.stderr)
+
+    def test_a_picture_that_cannot_be_written_fails(self):
+        with tempfile.TemporaryDirectory() as root:
+            result = program.run("--root", root, "--screenshot", root + "/none/picture.png")
+        self.assertEqual(result.returncode, 1)
+        self.assertIn("cannot be written", result.stderr)
+
+    def test_a_renderer_that_draws_nothing_fails(self):
+        with tempfile.TemporaryDirectory() as root:
+            picture = os.path.join(root, "picture.png")
+            result = program.run("--root", root, "--renderer", "gpu", "--screenshot", picture,
+                                 LIBGL_DRIVERS_PATH="/nowhere")
+            self.assertEqual(result.returncode == 0, os.path.exists(picture), result.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,124 @@
+"""A desktop of its own for a test: X server, session bus and accessibility bus, without a window
+manager, and the Settings application in it."""
+
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+
+import program
+
+# Long enough for a machine that does many things at once; a wait ends as soon as it can.
+PATIENCE = 30
+
+
+def in_own_desktop():
+    """Starts the running test program again inside a desktop of its own, unless it is in one."""
+    if os.environ.get("QUIETDIAL_TEST_DESKTOP"):
+        return
+    runtime = tempfile.mkdtemp()
+    os.chmod(runtime, 0o700)
+    try:
+        environment = dict(os.environ, QUIETDIAL_TEST_DESKTOP="1", XDG_RUNTIME_DIR=runtime,
+                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
+                           NO_AT_BRIDGE="0", GTK_MODULES="")
+        status = subprocess.run(
+            ["xvfb-run", "-a", "-s", "-screen 0 800x1000x24", "dbus-run-session", "--",
+             sys.executable, *sys.argv], env=environment, check=False).returncode
+    finally:
+        shutil.rmtree(runtime, ignore_errors=True)
+    sys.exit(status)
+
+
+def wait_for(condition, what):
+    """The first true answer of `condition`."""
+    end = time.monotonic() + PATIENCE
+    while True:
+        answer = condition()
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise AssertionError("waited in vain for " + what)
+        time.sleep(0.02)
+
+
+class Application:
+    """The Settings application, seen through the accessibility bus."""
+
+    def __init__(self, root, *arguments):
+        self.root = root
+        self.process = subprocess.Popen([program.PROGRAM, "--root", root, *arguments],
+                                        stderr=subprocess.PIPE, text=True)
+        self._application = wait_for(self._find, "the application on the accessibility bus")
+
+    def _find(self):
+        import pyatspi
+        if self.process.poll() is not None:
+            raise AssertionError("the application has ended: " + self.process.stderr.read())
+        for application in pyatspi.Registry.getDesktop(0):
+            if application and application.get_process_id() == self.process.pid \
+                    and application.childCount:
+                return application
+        return None
+
+    def close(self):
+        if self.process.poll() is None:
+            self.process.terminate()
+        self.process.wait(PATIENCE)
+        self.process.stderr.close()
+
+    def close_window(self):
+        """Closes it as a window manager would."""
+        window = subprocess.run(["xdotool", "search", "--pid", str(self.process.pid)], check=True,
+                                capture_output=True, text=True).stdout.split()[-1]
+        xdotool("windowclose", window)
+
+    def elements(self):
+        """All elements as they now are, each before what is in it."""
+        found = []
+
+        def walk(element):
+            found.append(element)
+            for child in element:
+                if child:
+                    walk(child)
+
+        self._application.clear_cache()
+        walk(self._application)
+        return found
+
+    def find(self, role, name):
+        """The element of that role whose name begins so, or None."""
+        import pyatspi  # noqa: F401
+        for element in self.elements():
+            try:
+                if element.getRoleName() == role and element.name.startswith(name):
+                    return element
+            except Exception:  # it went while it was asked
+                continue
+        return None
+
+    def wait_for(self, role, name):
+        return wait_for(lambda: self.find(role, name), f"{role} “{name}”")
+
+    def states(self, element):
+        import pyatspi
+        return {pyatspi.stateToString(state) for state in element.getState().getStates()}
+
+    def wait_for_state(self, role, name, state):
+        def ask():
+            element = self.find(role, name)
+            return element if element and state in self.states(element) else None
+        return wait_for(ask, f"{role} “{name}” to be {state}")
+
+    def place(self, element):
+        """x, y, width and height on the screen."""
+        import pyatspi
+        box = element.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        return box.x, box.y, box.width, box.height
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)

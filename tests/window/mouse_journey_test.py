@@ -1,0 +1,114 @@
+"""The prefix is chosen with the mouse, a custom one is typed, and the file has both."""
+
+import os
+import plistlib
+import tempfile
+import unittest
+
+import desktop
+import program
+
+TYPED = "*31#9"
+
+
+class MouseJourney(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = folder.name
+        self.application = desktop.Application(self.root, "--pane", "QDPreferencesListController")
+        self.addCleanup(self.application.close)
+
+    def settings(self):
+        path = os.path.join(self.root, program.SETTINGS_FILE)
+        try:
+            with open(path, "rb") as file:
+                return plistlib.load(file)
+        except FileNotFoundError:
+            return {}
+
+    def wait_for_settings(self, expected):
+        desktop.wait_for(lambda: self.settings() == expected, f"the file to hold {expected}")
+
+    def resting_place(self, role, name):
+        """Where the element stands once it has stopped moving."""
+        places = []
+
+        def rests():
+            element = self.application.find(role, name)
+            if not element:
+                return None
+            places.append(self.application.place(element))
+            return len(places) > 2 and places[-1] == places[-2] == places[-3]
+        desktop.wait_for(rests, f"{role} “{name}” to rest")
+        return places[-1]
+
+    def click(self, role, name):
+        x, y, width, height = self.resting_place(role, name)
+        desktop.xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
+
+    def scroll_to(self, role, name):
+        """Turns the wheel over the list until the element is in sight."""
+        _, top, _, bottom = self.application.place(self.application.wait_for("panel", ""))
+        def in_sight():
+            _, y, _, height = self.resting_place(role, name)
+            if top + 60 <= y and y + height <= top + bottom:
+                return True
+            desktop.xdotool("mousemove", 187, 400, "click", 5 if y > top + 300 else 4)
+            return False
+        desktop.wait_for(in_sight, f"{role} “{name}” to come into sight")
+
+    def test_country_and_custom_prefix(self):
+        self.click("push button", "Hide Caller ID Prefix")
+        self.application.wait_for("radio button", "Algeria")
+        self.wait_for_settings({"selectedCountry": "Most other counties",
+                                "selectedPrefix": "#31#", "customPrefix": ""})
+
+        self.scroll_to("radio button", "UK")
+        self.click("radio button", "UK")
+        self.application.wait_for_state("radio button", "UK", "checked")
+        self.wait_for_settings({"selectedCountry": "UK ", "selectedPrefix": "141",
+                                "customPrefix": ""})
+
+        self.scroll_to("text", "Enter your custom prefix here")
+        self.click("text", "Enter your custom prefix here")
+        self.application.wait_for_state("text", "Enter your custom prefix here", "focused")
+        desktop.xdotool("type", "--delay", "30", TYPED)
+        self.scroll_to("radio button", "Custom")
+        self.click("radio button", "Custom")
+        self.application.wait_for_state("radio button", "Custom", "checked")
+        self.wait_for_settings({"selectedCountry": "Custom (enter below)",
+                                "selectedPrefix": TYPED, "customPrefix": TYPED})
+
+        self.click("push button", "Back")
+        self.application.wait_for("push button",
+                                  "Hide Caller ID Prefix, star three one hash nine")
+
+    def test_what_is_typed_is_kept_when_the_window_is_closed(self):
+        self.click("push button", "Hide Caller ID Prefix")
+        self.scroll_to("text", "Enter your custom prefix here")
+        self.click("text", "Enter your custom prefix here")
+        self.application.wait_for_state("text", "Enter your custom prefix here", "focused")
+        desktop.xdotool("type", "--delay", "30", "#30#")
+        desktop.wait_for(lambda: self.application.wait_for("text", "Enter").queryText()
+                         .getText(0, -1) == "#30#", "the field to hold what was typed")
+        self.application.close_window()
+        self.application.process.wait(desktop.PATIENCE)
+        self.assertEqual(self.settings()["customPrefix"], "#30#")
+
+    def test_a_swipe_from_the_left_edge_goes_back(self):
+        self.click("push button", "Hide Caller ID Prefix")
+        self.resting_place("radio button", "Algeria")
+        left, top, width, _ = self.application.place(self.application.wait_for("panel", ""))
+        desktop.xdotool("mousemove", left + 5, top + 300, "mousedown", 1)
+        for x in range(10, width - 20, 25):
+            desktop.xdotool("mousemove", left + x, top + 300)
+        desktop.xdotool("mouseup", 1)
+        self.application.wait_for("push button", "Hide Caller ID Prefix")
+        desktop.wait_for(lambda: not self.application.find("radio button", "Algeria"),
+                         "the page to go")
+
+
+if __name__ == "__main__":
+    desktop.in_own_desktop()
+    unittest.main()

@@ -1,0 +1,162 @@
+"""What is seen: sizes and colours at places that the look fixes, in pictures taken off screen."""
+
+import os
+import plistlib
+import re
+import shutil
+import tempfile
+import unittest
+
+import program
+from picture import Picture
+
+PAGE = (239, 239, 244)
+WHITE = (255, 255, 255)
+RED = (255, 0, 0)
+TINT = (0, 122, 255)
+SEPARATOR = (200, 199, 204)
+BAR_LINE = (196, 196, 196)
+
+
+class Pictures(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def take(self, *arguments):
+        file = os.path.join(self.folder, "picture.png")
+        result = program.run("--root", os.path.join(self.folder, "root"), "--screenshot", file,
+                             *arguments)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertEqual(result.stderr, "")
+        return Picture(file)
+
+    def has_text(self, picture, left, top, right, bottom, background=WHITE):
+        colors = picture.colors(left, top, right, bottom)
+        return sum(count for color, count in colors.items() if color != background) > 20
+
+    def test_a_picture_has_the_size_and_the_scale_asked_for(self):
+        for arguments, size in ((["--size", "320x568"], (320, 568)),
+                                (["--size", "414x736", "--scale", "2"], (828, 1472)),
+                                (["--size", "320x400", "--scale", "1.5"], (480, 600))):
+            picture = self.take(*arguments)
+            self.assertEqual((picture.width, picture.height), size)
+
+    def test_the_first_page_lists_the_bundle(self):
+        picture = self.take("--size", "320x568", "--scale", "2")
+        self.assertEqual(picture.at(300, 87), BAR_LINE)
+        self.assertEqual(picture.at(300, 100), PAGE)
+        first_row = (44 + 35) * 2
+        self.assertEqual(picture.at(5, first_row), SEPARATOR)
+        self.assertEqual(picture.at(5, first_row + 10), WHITE)
+        self.assertTrue(self.has_text(picture, 118, first_row + 10, 300, first_row + 78))
+        self.assertTrue(self.has_text(picture, 30, first_row + 16, 88, first_row + 74), "icon")
+        self.assertEqual(picture.at(5, first_row + 87), SEPARATOR)
+        self.assertEqual(picture.at(5, first_row + 90), PAGE)
+
+    def test_the_update_row_stands_red_under_the_first_row(self):
+        pane = ["--pane", "QDPreferencesListController", "--size", "320x568", "--scale", "2"]
+        second_row = (44 + 35 + 44) * 2
+        self.assertEqual(self.take(*pane).at(5, second_row + 40), PAGE)
+        for badge, color in (("New update available!", RED), ("3", PAGE), ("", PAGE)):
+            picture = self.take(*pane, "--entry-badge", badge)
+            self.assertEqual(picture.at(5, second_row + 40), color, badge)
+        # The separator above the update row runs from edge to edge.
+        picture = self.take(*pane, "--entry-badge", "New update available!")
+        self.assertEqual(picture.at(0, second_row - 1), SEPARATOR)
+        self.assertEqual(picture.at(639, second_row - 1), SEPARATOR)
+
+    def test_separators_between_rows_begin_where_the_titles_do(self):
+        picture = self.take("--pane", "QDCountryPrefixController", "--size", "320x568",
+                            "--scale", "2")
+        rows = [y for y in range(90, 1136) if picture.at(200, y) == SEPARATOR]
+        between = [y for y in rows if picture.at(5, y) == WHITE]
+        self.assertGreater(len(between), 8)
+        for y in between:
+            self.assertEqual(picture.at(29, y), WHITE)
+            self.assertEqual(picture.at(30, y), SEPARATOR)
+            self.assertEqual(picture.at(639, y), SEPARATOR)
+        self.assertEqual({b - a for a, b in zip(between, between[1:])}, {88})
+
+    def test_the_bar_shows_logo_and_heart_in_the_tint(self):
+        picture = self.take("--pane", "QDPreferencesListController", "--size", "320x568",
+                            "--scale", "2")
+        self.assertGreater(picture.colors(200, 10, 440, 80).get(TINT, 0), 100)
+        self.assertGreater(picture.colors(560, 10, 640, 80).get(TINT, 0), 30)
+
+    def test_a_check_mark_stands_on_the_chosen_row_alone(self):
+        root = os.path.join(self.folder, "root")
+        os.makedirs(os.path.dirname(os.path.join(root, program.SETTINGS_FILE)))
+        first = second = None
+        for country in ("Argentina", "nowhere"):
+            with open(os.path.join(root, program.SETTINGS_FILE), "wb") as file:
+                plistlib.dump({"selectedCountry": country}, file)
+            picture = self.take("--pane", "QDCountryPrefixController", "--size", "320x568",
+                                "--scale", "2")
+            tinted = picture.colors(570, 100, 640, 1136).get(TINT, 0)
+            first, second = (tinted, second) if country == "Argentina" else (first, tinted)
+        self.assertGreater(first, 20)
+        self.assertEqual(second, 0)
+
+    def test_a_bundle_that_does_not_load_is_a_page_that_says_so(self):
+        bundle = os.path.join(self.folder, "Broken.bundle")
+        os.mkdir(bundle)
+        with open(os.path.join(bundle, "Entry.plist"), "wb") as file:
+            plistlib.dump({"label": "Broken", "module": "none", "detail": "Nobody"}, file)
+        broken = self.take("--bundle", bundle, "--pane", "Nobody")
+        listed = self.take("--bundle", bundle)
+        self.assertTrue(self.has_text(broken, 15, 100, 360, 200, PAGE))
+        self.assertTrue(self.has_text(listed, 15, 80, 360, 122))
+
+    def test_entries_that_cannot_be_used_are_passed_over(self):
+        bundles = os.path.join(self.folder, "root", "Library", "PreferenceBundles")
+        for name, entry in (("a", b"no property list"), ("b", plistlib.dumps(["list"])),
+                            ("c", plistlib.dumps({"label": "C", "module": "../c", "detail": "C"})),
+                            ("d", plistlib.dumps({"label": 3, "module": "d", "detail": "D"}))):
+            os.makedirs(os.path.join(bundles, name + ".bundle"))
+            with open(os.path.join(bundles, name + ".bundle", "Entry.plist"), "wb") as file:
+                file.write(entry)
+        file = os.path.join(self.folder, "picture.png")
+        result = program.run("--root", os.path.join(self.folder, "root"), "--screenshot", file,
+                             "--size", "320x568", "--scale", "2")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertEqual(len(re.findall("Entry.plist needs", result.stderr)), 2, result.stderr)
+        # The installed bundle is still the only row.
+        picture = Picture(file)
+        self.assertEqual(picture.at(5, (44 + 35 + 22) * 2), WHITE)
+        self.assertEqual(picture.at(5, (44 + 35 + 44 + 22) * 2), PAGE)
+
+    def test_the_tour_shows_every_page_whole(self):
+        tour = os.path.join(self.folder, "tour")
+        result = program.run("--tour", tour, "--size", "320x568")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        with open(os.path.join(tour, "index.html"), encoding="utf-8") as file:
+            index = file.read()
+        shown = re.findall(r'<img src="([^"]+)"', index)
+        self.assertEqual(sorted(shown), sorted(set(os.listdir(tour)) - {"index.html"}))
+        classes = {name.split("-", 1)[1] for name in shown}
+        self.assertLessEqual({"SettingsListController.png", "QDPreferencesListController.png",
+                              "QDCountryPrefixController.png"}, classes)
+        prefixes = next(name for name in shown if "QDCountryPrefixController" in name)
+        picture = Picture(os.path.join(tour, prefixes))
+        self.assertEqual(picture.width, 320)
+        self.assertGreater(picture.height, 44 * 38)
+        self.assertTrue(self.has_text(picture, 15, picture.height - 60, 300, picture.height - 20)
+                        or self.has_text(picture, 15, picture.height - 100, 300,
+                                         picture.height - 40))
+
+    def test_a_tour_without_a_root_leaves_the_users_settings_alone(self):
+        home = os.path.join(self.folder, "home")
+        os.mkdir(home)
+        result = program.run("--tour", os.path.join(self.folder, "tour"), HOME=home,
+                             XDG_DATA_HOME=os.path.join(home, "data"))
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertFalse(os.path.exists(os.path.join(home, "data", "quietdial")))
+
+    def tearDown(self):
+        shutil.rmtree(os.path.join(self.folder, "root"), ignore_errors=True)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,16 @@
+"""Runs the Settings application."""
+
+import os
+import subprocess
+
+PROGRAM = os.environ["QUIETDIAL_SETTINGS"]
+SETTINGS_FILE = "User/Library/Preferences/me.orlanvey.quietDial.plist"
+
+
+def run(*arguments, timeout=60, **environment):
+    """Runs it without a display until it ends."""
+    variables = {name: value for name, value in os.environ.items()
+                 if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
+    variables.update(environment)
+    return subprocess.run([PROGRAM, *arguments], env=variables, timeout=timeout,
+                          capture_output=True, text=True, check=False)
