@@ -1,10 +1,9 @@
 #pragma once
 
-#include <array>
-#include <memory>
-
 #include <QObject>
 #include <QSocketNotifier>
+#include <array>
+#include <memory>
 
 /// Turns the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) into one of the toolkit's,
 /// so that what is being typed is kept. Programs that this one starts keep the usual handling. One

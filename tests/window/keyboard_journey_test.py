@@ -104,7 +104,7 @@ class KeyboardJourney(unittest.TestCase):
         self.press("Home")
         self.on("push button", "Hide Caller ID Prefix")
         self.press("Next")
-        self.on("push button", "Support")
+        self.on("push button", "Credits")
         self.press("Prior")
         self.on("push button", "Hide Caller ID Prefix")
 
