@@ -6,7 +6,6 @@
 #include <pwd.h>
 #include <string_view>
 #include <unistd.h>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -54,7 +53,7 @@ std::string homeFolder() {
 
 }  // namespace
 
-DevicePaths::DevicePaths(std::string root, std::string library)
+DevicePaths::DevicePaths(const std::string& root, const std::string& library)
     : root_(absolute(root)), library_(absolute(library)) {}
 
 std::string DevicePaths::defaultRoot() {

@@ -9,7 +9,7 @@
 class DevicePaths {
  public:
   /// `root` need not exist; `library` is the folder that holds PreferenceBundles and the like.
-  DevicePaths(std::string root, std::string library);
+  DevicePaths(const std::string& root, const std::string& library);
 
   /// $XDG_DATA_HOME/quietdial, or .local/share/quietdial in the home folder.
   static std::string defaultRoot();

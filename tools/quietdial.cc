@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "tools/drive/DriveCommand.h"
+#include "tools/gif/GifCommand.h"
 #include "tools/version.h"
 
 namespace {
@@ -13,6 +14,7 @@ constexpr std::string_view kUsage =
     "\n"
     "Commands:\n"
     "  drive      run the settings panes without a window, under a script\n"
+    "  gif        tell what an animated picture holds\n"
     "\n"
     "Options:\n"
     "  --help     this text; COMMAND --help tells of a command\n"
@@ -34,6 +36,9 @@ int main(int count, char** values) {
   if (command == "drive") {
     words.erase(words.begin());
     return runDriveCommand(words, std::cin, std::cout, std::cerr);
+  }
+  if (command == "gif") {
+    return runGifCommand({values + 2, static_cast<std::size_t>(count - 2)}, std::cout, std::cerr);
   }
   std::cerr << "quietdial: "
             << (command.empty() ? "no command is given" : "there is no command \"" + command + "\"")

@@ -86,7 +86,7 @@ std::optional<std::size_t> BinaryPropertyListReader::readCount(Object& object,
 std::optional<PropertyListValue> BinaryPropertyListReader::readValue(std::uint64_t reference,
                                                                      int depth) {
   const auto object = objectAt(reference);
-  if (!object || depth > kPropertyListDepthBound || !budget_.spend(0)) {
+  if (!object || depth > kPropertyListDepthBound || !budget_.spendValue()) {
     return std::nullopt;
   }
   switch (object->kind) {

@@ -15,13 +15,15 @@ inline constexpr int kPropertyListDepthBound = 512;
 /// (shared references that double at each level), so every value is paid for before it is made.
 class PropertyListBudget {
  public:
-  /// Pays for one value with `bytes` of text or data. False when the budget does not cover it.
+  /// Pays for one value, without the text or data in it. False when the budget does not cover it.
+  bool spendValue() { return spend(kValueCost); }
+
+  /// Pays for text or data. False when the budget does not cover it.
   bool spend(std::size_t bytes) {
-    const std::size_t cost = kValueCost + bytes;
-    if (bytes > left_ || cost > left_) {
+    if (bytes > left_) {
       return false;
     }
-    left_ -= cost;
+    left_ -= bytes;
     return true;
   }
 

@@ -254,7 +254,7 @@ std::optional<PropertyListValue> XMLPropertyListReader::readDocument() {
 }
 
 std::optional<PropertyListValue> XMLPropertyListReader::readValue(const Tag& tag, int depth) {
-  if (tag.kind == Tag::Kind::kClose || depth > kPropertyListDepthBound || !budget_.spend(0)) {
+  if (tag.kind == Tag::Kind::kClose || depth > kPropertyListDepthBound || !budget_.spendValue()) {
     return std::nullopt;
   }
   if (tag.name == "dict") {

@@ -172,13 +172,14 @@ void PSListController::reloadSpecifierIDAnimated(std::string_view identifier, bo
 
 void PSListController::replaceContiguousSpecifiersWithSpecifiersAnimated(
     const PSSpecifiers& current, const PSSpecifiers& replacement, bool /*animated*/) {
-  const auto run = std::ranges::search(specifiers_, current);
-  if (current.empty() || run.empty()) {
+  const auto run = std::search(specifiers_.begin(), specifiers_.end(), current.begin(), current.end());
+  if (current.empty() || run == specifiers_.end()) {
     return;
   }
-  PSSpecifiers changed(specifiers_.begin(), run.begin());
+  const auto runEnd = run + static_cast<std::ptrdiff_t>(current.size());
+  PSSpecifiers changed(specifiers_.begin(), run);
   changed.insert(changed.end(), replacement.begin(), replacement.end());
-  changed.insert(changed.end(), run.end(), specifiers_.end());
+  changed.insert(changed.end(), runEnd, specifiers_.end());
   setSpecifiers(std::move(changed));
 }
 

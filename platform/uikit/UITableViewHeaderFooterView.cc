@@ -31,7 +31,7 @@ CGFloat UITableViewHeaderFooterView::preferredHeightForWidth(CGFloat width, bool
   constexpr CGFloat kHalfGap = metrics::kGroupGap / 2;
   const CGFloat text = textHeight(width);
   if (edge_ == UITableViewSectionEdge::kFooter) {
-    return text > 0 ? metrics::kFooterTextGap + text : kHalfGap;
+    return text > 0 ? metrics::kFooterTextGap + text + metrics::kFooterBottomGap : kHalfGap;
   }
   const CGFloat above = isFirst ? metrics::kGroupGap : kHalfGap;
   return text > 0 ? above + text + metrics::kHeaderTextGap : above;

@@ -22,6 +22,8 @@ inline constexpr CGFloat kAccessoryMargin = 15;
 inline constexpr CGFloat kGroupGap = 35;
 inline constexpr CGFloat kHeaderTextGap = 7;
 inline constexpr CGFloat kFooterTextGap = 7;
+/// What keeps a footer's text from the next group's header.
+inline constexpr CGFloat kFooterBottomGap = 10;
 
 inline constexpr CGFloat kBadgeHeight = 22;
 inline constexpr CGFloat kBadgePadding = 7;

@@ -14,10 +14,14 @@
 #include "headless/RecordingProcesses.h"
 #include "headless/TableTextMeasurer.h"
 #include "linux/BundleModule.h"
+#include "linux/DBusNotifications.h"
+#include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
+#include "linux/PosixProcessService.h"
 #include "platform/classes.h"
+#include "platform/foundation/CFNotificationCenter.h"
 #include "tools/drive/DriveSession.h"
 #include "tools/drive/LineReader.h"
 
@@ -66,11 +70,11 @@ void describe(CLI::App& app, Arguments& arguments) {
       ->check(checkMappedHost)
       ->allow_extra_args(false);
   app.add_option("--effects", arguments.effects,
-                 "record: notes what the panes ask of the machine and does not "
-                 "do it")
-      ->type_name("record")
+                 "record: what the panes ask of the machine is noted and not done; real: it is "
+                 "done as well")
+      ->type_name("record|real")
       ->capture_default_str()
-      ->check(CLI::IsMember({"record"}));
+      ->check(CLI::IsMember({"record", "real"}));
   app.add_option("--mail", arguments.mail, "Whether the device has a mail account")
       ->type_name("yes|no")
       ->capture_default_str()
@@ -109,18 +113,36 @@ class TemporaryRoot {
   std::filesystem::path path_;
 };
 
+// What really happens with --effects real; all null otherwise.
+struct Effects {
+  std::shared_ptr<DBusNotifications> notifications;
+  std::shared_ptr<ProcessService> processes;
+  std::shared_ptr<AddressOpener> addresses;
+};
+
+Effects realEffects() {
+  return {
+      .notifications = std::make_shared<DBusNotifications>([](const std::string& name) {
+        CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
+      }),
+      .processes = std::make_shared<PosixProcessService>(),
+      .addresses = std::make_shared<DesktopAddressOpener>(),
+  };
+}
+
 int serve(const Arguments& arguments, const std::string& root, std::istream& in, std::ostream& out,
           std::ostream& err) {
   const auto paths = std::make_shared<const DevicePaths>(root, DevicePaths::installedLibrary());
   const auto recorder = std::make_shared<Recorder>();
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
+  const auto effects = arguments.effects == "real" ? realEffects() : Effects{};
   installServices({
       .clock = clock,
       .files =
           std::make_shared<RecordingFiles>(std::make_shared<DeviceFileService>(paths), recorder),
-      .notifications = std::make_shared<RecordingNotifications>(recorder, nullptr),
-      .processes = std::make_shared<RecordingProcesses>(recorder, nullptr),
+      .notifications = std::make_shared<RecordingNotifications>(recorder, effects.notifications),
+      .processes = std::make_shared<RecordingProcesses>(recorder, effects.processes),
       .addresses = std::make_shared<RecordingAddresses>(
           recorder, std::set<std::string>(arguments.schemes.begin(), arguments.schemes.end()),
           nullptr),
@@ -136,7 +158,11 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
     return 1;
   }
 
-  DriveSession session({arguments.width, arguments.entryBadge}, module, clock, recorder, sheets);
+  DriveSession::Options options{arguments.width, arguments.entryBadge, {}};
+  if (effects.notifications) {
+    options.exchangeNotifications = [bus = effects.notifications] { bus->process(); };
+  }
+  DriveSession session(std::move(options), module, clock, recorder, sheets);
   LineReader lines(in, kLongestLine);
   std::string line;
   while (!session.hasEnded()) {

@@ -329,7 +329,13 @@ Json DriveSession::quit(const Json& /*request*/) {
 }
 
 void DriveSession::settle() {
+  if (options_.exchangeNotifications) {
+    options_.exchangeNotifications();
+  }
   MainQueue::shared().drain();
+  if (options_.exchangeNotifications) {
+    options_.exchangeNotifications();
+  }
   layOut();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -20,6 +21,8 @@ class DriveSession {
     CGFloat width = 320;
     /// The `badgeString` of the row that opens a pane; nothing for no such property.
     std::optional<std::string> entryBadge;
+    /// Takes in and sends out what other processes post; empty where nothing leaves this one.
+    std::function<void()> exchangeNotifications;
   };
 
   /// `module` outlives the session.

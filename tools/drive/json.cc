@@ -1,9 +1,11 @@
 #include "tools/drive/json.h"
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <string>
+#include <utility>
+
+#include "linux/propertylist/Base64.h"
+#include "linux/propertylist/PropertyListDateText.h"
 
 namespace {
 
@@ -17,40 +19,11 @@ Json realToJson(double real) {
   return real;
 }
 
-std::string base64(const PropertyListData& data) {
-  constexpr std::string_view kLetters =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-  std::string text;
-  text.reserve((data.size() + 2) / 3 * 4);
-  for (std::size_t at = 0; at < data.size(); at += 3) {
-    const std::size_t here = std::min<std::size_t>(3, data.size() - at);
-    std::uint32_t group = 0;
-    for (std::size_t byte = 0; byte < 3; ++byte) {
-      group = group << 8U | (byte < here ? static_cast<std::uint32_t>(data[at + byte]) : 0U);
-    }
-    for (std::size_t letter = 0; letter < 4; ++letter) {
-      text += letter <= here ? kLetters[group >> (18U - 6U * letter) & 63U] : '=';
-    }
-  }
-  return text;
-}
-
-// ISO 8601 in UTC; a fraction only where there is one.
-std::string isoDate(PropertyListDate date) {
-  const auto day = std::chrono::floor<std::chrono::days>(date);
-  const std::chrono::year_month_day calendar(day);
-  const std::chrono::hh_mm_ss time(date - day);
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02d",
-                static_cast<int>(calendar.year()), static_cast<unsigned>(calendar.month()),
-                static_cast<unsigned>(calendar.day()), static_cast<int>(time.hours().count()),
-                static_cast<int>(time.minutes().count()), static_cast<int>(time.seconds().count()));
-  std::string result = text.data();
-  if (const auto micros = time.subseconds().count(); micros != 0) {
-    std::snprintf(text.data(), text.size(), ".%06d", static_cast<int>(micros));
-    result += text.data();
-  }
-  return result + "Z";
+// Protocol dates are whole seconds; one that the calendar does not have is given as its number.
+Json dateToJson(PropertyListDate date) {
+  const double seconds = date.secondsSinceReferenceDate;
+  const auto text = textFromDate({std::floor(seconds)});
+  return {{"date", text ? Json(*text) : realToJson(seconds)}};
 }
 
 const char* nameOf(NotificationCall call) {
@@ -125,10 +98,12 @@ Json toJson(const PropertyListValue& value) {
     return *text;
   }
   if (const auto* data = value.get<PropertyListData>()) {
-    return {{"data", base64(*data)}};
+    std::string letters;
+    appendBase64(letters, *data);
+    return {{"data", std::move(letters)}};
   }
   if (const auto* date = value.get<PropertyListDate>()) {
-    return {{"date", isoDate(*date)}};
+    return dateToJson(*date);
   }
   if (const auto* uid = value.get<PropertyListUID>()) {
     return {{"uid", uid->value}};

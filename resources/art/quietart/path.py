@@ -124,26 +124,18 @@ def ring_dash(cx, cy, radius, width, start, end):
             .arc(cx, cy, radius - h, end, start).arc(*at(start), h, start + 180, start + 360).close())
 
 
-def squircle(x, y, size):
-    """The rounded square of an application icon: its corners bend in gradually."""
-    n, half, c = 64, size / 2, (x + size / 2, y + size / 2)
-    out = Path()
-    for i in range(n):
-        t = 2 * math.pi * i / n
-        # A superellipse of degree 5, joined by curves through its own tangents.
-        px, py, dx, dy = _superellipse(t, half)
-        if i == 0:
-            out.move(c[0] + px, c[1] + py)
-            first = (px, py, dx, dy)
-        else:
-            _join(out, c, prev, (px, py, dx, dy), 2 * math.pi / n)
-        prev = (px, py, dx, dy)
-    _join(out, c, prev, first, 2 * math.pi / n)
+def squircle(x, y, size, pieces=64):
+    """The rounded square of an application icon: a superellipse, whose corners bend in gradually."""
+    half, centre, step = size / 2, (x + size / 2, y + size / 2), 2 * math.pi / pieces
+    points = [_superellipse(step * i, half) for i in range(pieces)]
+    out = Path().move(centre[0] + points[0][0], centre[1] + points[0][1])
+    for a, b in zip(points, points[1:] + points[:1]):
+        _join(out, centre, a, b, step)
     return out.close()
 
 
 def _superellipse(t, half, degree=5):
-    # Polar form, so that points lie evenly round the outline.
+    """The point at the angle `t`, and how it moves with it."""
     c, s = math.cos(t), math.sin(t)
     sum_ = abs(c) ** degree + abs(s) ** degree
     r = half * sum_ ** (-1 / degree)
@@ -153,6 +145,7 @@ def _superellipse(t, half, degree=5):
 
 
 def _join(out, centre, a, b, step):
+    """A curve between two points that keeps to their tangents."""
     k = step / 3
     out.curve(centre[0] + a[0] + a[2] * k, centre[1] + a[1] + a[3] * k,
               centre[0] + b[0] - b[2] * k, centre[1] + b[1] - b[3] * k, centre[0] + b[0], centre[1] + b[1])

@@ -24,8 +24,8 @@ def _bust(c, ground, shirt, collar, skin, shade):
 def _face(c, brow, shade, smile=DARK):
     for side in (-1, 1):
         c.fill(circle(40 + 6.4 * side, 34.2, 1.55), DARK)
-        c.stroke(Path().move(40 + 3.9 * side, 29.4).curve(40 + 5.4 * side, 28.2, 40 + 7.6 * side, 28.2,
-                                                         40 + 9 * side, 29.4), 1.4, brow)
+        arch = Path().move(3.9 * side, 29.4).curve(5.4 * side, 28.2, 7.6 * side, 28.2, 9 * side, 29.4)
+        c.stroke(arch.moved(40, 0), 1.4, brow)
     c.stroke(Path().move(40.4, 35.4).curve(41.6, 37.6, 42, 39.2, 39.6, 39.5), 1.3, shade)
     c.stroke(Path().move(36, 44.4).curve(38, 46.8, 42, 46.8, 44, 44.4), 1.6, smile)
 

@@ -123,7 +123,7 @@ def chevrons(c, x, y, shown, colour):
         c.stroke(Path().move(cx + 2.6, y - 5.2).line(cx - 2.6, y).line(cx + 2.6, y + 5.2), 2.3, colour, shown)
 
 
-def hold_ring(c, x, y, radius, progress, track, shown=1.0, width=3.6):
+def hold_ring(c, x, y, radius, progress, track, shown=1.0, width=3.2):
     """How long a button has been held, as a ring round it."""
     c.fill(ring(x, y, radius + width / 2, radius - width / 2), track, shown)
     if progress > 0:
@@ -134,7 +134,7 @@ def ripple(c, x, y, start, end, progress, colour=BLUE):
     """A ring that widens from a touch and fades."""
     if 0 < progress < 1:
         radius = start + (end - start) * progress
-        c.stroke(circle(x, y, radius), 3.2 * (1 - progress) + 0.6, colour, 0.75 * (1 - progress))
+        c.stroke(circle(x, y, radius), 2.6 * (1 - progress) + 1.2, colour, 0.75 * (1 - progress))
 
 
 def status_bar(c, width):

@@ -72,7 +72,7 @@ class Swipe(Calling):
         self.caption(c, ease(t, 1.5, 0.3))
         phone.chevrons(c, middle, self.row, ease(t, 1.75, 0.3), self.arrow)
         self.call(c, press - ease(t, 1.0, 0.2))
-        phone.ripple(c, self.green, self.row, 14, self.radius + 15, part(t, 0.82, 0.45))
+        phone.ripple(c, self.green, self.row, self.radius + 3, self.radius + 17, part(t, 0.82, 0.45))
         coming, going = arrive(t, 0.1, 0.62), ease(t, 1.8, 0.55)
         self.finger(c, between(between(self.green + 160, x + 4, coming), middle + 9, going),
                     between(between(self.row + 150, self.row + 9, coming), self.row + 21, going),
@@ -90,7 +90,7 @@ class Hold(Calling):
             self.anonymous(c, between(self.green, self.slot, out), 0, between(0.8, 1, ease(t, 1.78, 0.3)))
         self.caption(c, ease(t, 2.1, 0.3))
         if press > 0:
-            phone.hold_ring(c, self.green, self.row, self.radius + 5.2, ease(t, 0.86, 0.9) if t > 0.86 else 0,
+            phone.hold_ring(c, self.green, self.row, self.radius + 4.5, ease(t, 0.86, 0.9) if t > 0.86 else 0,
                             self.ring_track, press)
         self.call(c, 0.75 * press)
         phone.ripple(c, self.green, self.row, self.radius + 5, self.radius + 19, part(t, 1.76, 0.45))
@@ -109,7 +109,7 @@ class Always(Calling):
         touch, let_go = ease(t, 1.26, 0.14), ease(t, 1.68, 0.16)
         self.caption(c, 1)
         self.call(c, 0, beat(0.15))
-        phone.hold_ring(c, self.slot, self.row, self.radius + 5.2, 1, phone.BLUE, touch)
+        phone.hold_ring(c, self.slot, self.row, self.radius + 4.5, 1, phone.BLUE, touch)
         self.anonymous(c, self.slot, touch, beat(0.33) * (1 - 0.06 * (touch - let_go)))
         phone.ripple(c, self.slot, self.row, self.radius + 5, self.radius + 19, part(t, 1.38, 0.5))
         coming, going = arrive(t, 0.55, 0.68), ease(t, 1.8, 0.55)
@@ -122,7 +122,7 @@ class Always(Calling):
 class Dial(Calling):
     """The foot of the dialler's keypad."""
     size, pixels = (345, 250), (690, 500)
-    row, radius, green, slot, caption_gap = 151.0, 31.0, 172.5, 84.5, 46.0
+    row, radius, green, slot, caption_gap = 151.0, 31.0, 172.5, 84.5, 47.0
     ring_track, arrow = (209, 228, 255), phone.BLUE
 
     def ground(self, c):

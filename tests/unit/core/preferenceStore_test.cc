@@ -23,7 +23,7 @@ TEST_F(PreferenceStoreTest, WritingOneKeyKeepsEveryOtherKeyOfTheFile) {
       {"real", 0.5},
       {"flag", true},
       {"data", PropertyListData{std::byte{1}}},
-      {"date", PropertyListDate{std::chrono::seconds{1}}},
+      {"date", PropertyListDate{1}},
       {"nested", PropertyListDictionary{{"list", PropertyListArray{1, "two", 3.0}}}},
   };
   files->dictionaries[kSettings] = foreign;

@@ -1,0 +1,123 @@
+#include "platform/coregraphics/CGBitmapContext.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr std::uint32_t opaqueBlack = 0xFF000000;
+
+std::uint32_t sourceOver(std::uint32_t source, std::uint32_t under) {
+  const std::uint32_t rest = 255 - (source >> 24);
+  if (rest == 0) {
+    return source;
+  }
+  std::uint32_t result = 0;
+  for (int shift = 0; shift < 32; shift += 8) {
+    const std::uint32_t part = (((under >> shift) & 255) * rest + 127) / 255;
+    result |= std::min<std::uint32_t>(((source >> shift) & 255) + part, 255) << shift;
+  }
+  return result;
+}
+
+/// One axis of a rectangle in whole pixels; empty where the rectangle has no extent or is no
+/// number.
+struct Extent {
+  double start = 0;
+  double length = 0;
+
+  Extent(CGFloat origin, CGFloat size) {
+    const double from = std::round(std::min(origin, origin + size));
+    const double to = std::round(std::max(origin, origin + size));
+    if (std::isfinite(from) && std::isfinite(to)) {
+      start = from;
+      length = to - from;
+    }
+  }
+
+  std::size_t first(std::size_t limit) const {
+    return static_cast<std::size_t>(std::clamp(start, 0.0, static_cast<double>(limit)));
+  }
+  std::size_t last(std::size_t limit) const {
+    return static_cast<std::size_t>(std::clamp(start + length, 0.0, static_cast<double>(limit)));
+  }
+  std::size_t sample(std::size_t position, std::size_t count) const {
+    const double scale = static_cast<double>(count) / length;
+    const auto index =
+        static_cast<std::size_t>((static_cast<double>(position) - start + 0.5) * scale);
+    return std::min(index, count - 1);
+  }
+};
+
+}  // namespace
+
+std::unique_ptr<CGBitmapContext> CGBitmapContext::create(std::size_t width, std::size_t height,
+                                                         std::size_t bitsPerComponent,
+                                                         std::size_t bytesPerRow,
+                                                         CGColorSpace /*space*/,
+                                                         CGImageAlphaInfo alphaInfo) {
+  const bool known = alphaInfo == CGImageAlphaInfo::premultipliedFirst ||
+                     alphaInfo == CGImageAlphaInfo::noneSkipFirst;
+  if (!known || bitsPerComponent != 8 || width == 0 || height == 0 ||
+      width > PixelBuffer::maximumPixelCount / height ||
+      (bytesPerRow != 0 && bytesPerRow != width * sizeof(std::uint32_t))) {
+    return nullptr;
+  }
+  return std::unique_ptr<CGBitmapContext>(new CGBitmapContext(width, height, alphaInfo));
+}
+
+void CGBitmapContext::drawImage(const CGRect& rect, const CGImage& image) {
+  const std::shared_ptr<const PixelBuffer> source = image.pixels();
+  if (!source) {
+    return;
+  }
+  const CGRect whole =
+      CGRectMake(0, 0, static_cast<CGFloat>(width_), static_cast<CGFloat>(height_));
+  if (!shared_ && !own_ && rect == whole && image.width() == width_ && image.height() == height_ &&
+      image.alphaInfo() == alphaInfo_) {
+    shared_ = source;
+    return;
+  }
+  PixelBuffer* const target = writablePixels();
+  if (target == nullptr) {
+    return;
+  }
+  const std::uint32_t forced =
+      image.alphaInfo() == CGImageAlphaInfo::noneSkipFirst ? opaqueBlack : 0;
+  const Extent across(rect.origin.x, rect.size.width);
+  const Extent down(rect.origin.y, rect.size.height);
+  const std::span<const std::uint32_t> from = source->pixels();
+  const std::span<std::uint32_t> to = target->pixels();
+  for (std::size_t y = down.first(height_); y < down.last(height_); ++y) {
+    const std::size_t sourceRow = down.sample(y, source->height()) * source->width();
+    for (std::size_t x = across.first(width_); x < across.last(width_); ++x) {
+      std::uint32_t& pixel = to[y * width_ + x];
+      pixel = sourceOver(from[sourceRow + across.sample(x, source->width())] | forced, pixel);
+    }
+  }
+}
+
+std::shared_ptr<const CGImage> CGBitmapContext::createImage() {
+  if (!shared_ && writablePixels() == nullptr) {
+    return nullptr;
+  }
+  if (own_) {
+    shared_ = std::exchange(own_, nullptr);
+  }
+  return CGImage::create(shared_, alphaInfo_);
+}
+
+PixelBuffer* CGBitmapContext::writablePixels() {
+  if (!own_) {
+    own_ = PixelBuffer::create(width_, height_);
+    if (own_ && shared_) {
+      std::ranges::copy(shared_->pixels(), own_->pixels().begin());
+      shared_.reset();
+    } else if (own_) {
+      const bool hasAlpha = alphaInfo_ == CGImageAlphaInfo::premultipliedFirst;
+      std::ranges::fill(own_->pixels(), hasAlpha ? 0 : opaqueBlack);
+    }
+  }
+  return own_.get();
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "platform/coregraphics/PixelBuffer.h"
+
+/// A buffer of the size of the canvas, and which frame it shows.
+struct FrameBuffer {
+  static constexpr std::size_t noFrame = std::numeric_limits<std::size_t>::max();
+
+  std::shared_ptr<PixelBuffer> pixels;
+  std::size_t frame = noFrame;
+  std::size_t loans = 0;  // guarded by the pool
+};
+
+/// Recycles the frame buffers of one animation, so that steady play takes no fresh memory.
+///
+/// Frames are lent out read-only; when the last holder drops one, on any thread, it comes back with
+/// its contents as they were. At most `maximumFree` wait for their next use, the rest is given back
+/// to the system, so dropping many frames frees their memory.
+///
+/// One thread at a time calls the members; loans end on any thread.
+class FrameBufferPool : public std::enable_shared_from_this<FrameBufferPool> {
+ public:
+  static constexpr std::size_t maximumFree = 2;
+
+  FrameBufferPool(std::size_t width, std::size_t height) : width_(width), height_(height) {}
+
+  /// A buffer that nobody else has, the one last returned if any waits. Null if there is no memory.
+  std::shared_ptr<FrameBuffer> take();
+
+  /// The current frame is never handed out by take(), and may be read while it is lent. Setting
+  /// another one lets the pool have this one as soon as it is not lent. May be null.
+  void setCurrent(std::shared_ptr<FrameBuffer> buffer);
+  const std::shared_ptr<FrameBuffer>& current() const { return current_; }
+  /// Whether there is a current frame that is not lent, and so may be written.
+  bool isCurrentWritable();
+
+  /// Lends the current frame, again if it is lent already.
+  std::shared_ptr<const PixelBuffer> lendCurrent();
+
+ private:
+  void endLoan(const std::shared_ptr<FrameBuffer>& buffer);
+  void keepFree(std::shared_ptr<FrameBuffer> buffer);
+
+  const std::size_t width_;
+  const std::size_t height_;
+  std::mutex mutex_;  // guards what follows, and the loans of every buffer
+  std::vector<std::shared_ptr<FrameBuffer>> free_;
+  std::shared_ptr<FrameBuffer> current_;
+};

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <span>
+#include <vector>
+
+#include "platform/coregraphics/PixelBuffer.h"
+#include "platform/imageio/FrameBufferPool.h"
+#include "platform/imageio/GIFPainter.h"
+#include "platform/imageio/GIFStructure.h"
+
+/// Composites the frames of one GIF at full canvas size, in any order. Calls from several threads
+/// wait for each other.
+///
+/// The canvas starts transparent; disposal 2 clears the frame's rectangle to transparent whatever
+/// the background colour, disposal 3 brings back what was there before the frame.
+///
+/// Frames in playback order cost one decode each. If the frame before has been dropped meanwhile,
+/// the next is drawn over it in place; if it is still held, into a recycled buffer in which only
+/// what changed since is brought up to date. Any other frame starts from the nearest earlier state
+/// that needs nothing before it: an empty canvas, a frame that covers the canvas without
+/// transparency, the frame decoded last, or a kept canvas. What disposal undoes on the way is not
+/// decoded.
+///
+/// Canvases are kept only while frames are decoded for a jump, one every `keptSpacing()` frames, so
+/// a player that never jumps pays nothing for them and a second jump into the same frames decodes
+/// at most that many.
+///
+/// Memory besides the file, its structure and the frames that callers hold: one canvas, a second
+/// one with disposal 3, one byte a pixel of the largest frame, FrameBufferPool::maximumFree
+/// canvases once callers hold frames, and the kept canvases, `maximumKeptBytes` together.
+class GIFCompositor {
+ public:
+  static constexpr std::size_t maximumKeptBytes = std::size_t{8} << 20;
+  static constexpr std::size_t minimumKeptSpacing = 8;
+
+  GIFCompositor(std::shared_ptr<const std::vector<std::uint8_t>> data, GIFStructure structure);
+
+  const GIFStructure& structure() const { return structure_; }
+
+  /// The canvas while this frame shows. The caller may hold it for as long as it likes. Null if the
+  /// frame is not decodable or there is no memory; then other frames are as before.
+  std::shared_ptr<const PixelBuffer> compositeFrame(std::size_t index);
+
+  /// Frames between two places where canvases are kept; 0 if the canvas is too large to keep any.
+  std::size_t keptSpacing() const { return keptSpacing_; }
+
+ private:
+  /// Whether a frame's data gives all of its visible pixels; known once it has been decoded.
+  enum class Coverage : std::uint8_t { unknown, complete, partial };
+
+  /// From where the canvas before `first` is had.
+  enum class Origin { nothingNeeded, empty, currentFrame, keptCanvas };
+  struct Start {
+    Origin origin;
+    std::size_t first;
+  };
+  enum class Outcome { done, coverageWasWrong, noMemory };
+
+  bool coversAll(std::size_t index, bool trustUnknown) const;
+  bool clearsAll(std::size_t index) const;
+  GIFRect rectOf(std::size_t index) const;
+
+  Start findStart(std::size_t index, bool trustUnknown);
+  Outcome composite(std::size_t index, bool trustUnknown);
+  void prepare(FrameBuffer& target, Start start);
+  void copyCurrentTo(FrameBuffer& target) const;
+  void disposeOfCurrent(FrameBuffer& target) const;
+  GIFPainter::Result paint(std::size_t index, FrameBuffer& target, GIFPainter::Mode mode);
+
+  void copyRect(const GIFRect& rect, const PixelBuffer& from, PixelBuffer& to) const;
+  void clearRect(const GIFRect& rect, PixelBuffer& pixels) const;
+  bool save(const GIFRect& rect, const PixelBuffer& pixels);
+  std::size_t lastKeepable(std::size_t index) const;
+  void keepCanvas(std::size_t index, const PixelBuffer& pixels);
+
+  const std::shared_ptr<const std::vector<std::uint8_t>> data_;
+  const GIFStructure structure_;
+  const std::size_t keptSpacing_;
+
+  std::mutex mutex_;  // guards what follows
+  GIFPainter painter_;
+  std::shared_ptr<FrameBufferPool> pool_;
+  std::vector<Coverage> coverage_;
+  // What was under the current frame, if it has disposal 3.
+  std::unique_ptr<std::uint32_t[]> saved_;
+  std::size_t savedCapacity_ = 0;
+  std::map<std::size_t, std::shared_ptr<PixelBuffer>>
+      kept_;  // canvas before the frame of that index
+};

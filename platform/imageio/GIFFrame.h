@@ -1,0 +1,61 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+/// What happens to a frame's rectangle before the next frame is drawn.
+enum class GIFDisposal : std::uint8_t { keep, clear, restorePrevious };
+
+/// A rectangle of whole pixels, cut off at the canvas; may be empty.
+struct GIFRect {
+  std::size_t left = 0;
+  std::size_t top = 0;
+  std::size_t width = 0;
+  std::size_t height = 0;
+
+  std::size_t area() const { return width * height; }
+};
+
+/// One image of a GIF as its descriptor and control extension give it. Nothing of its data is
+/// decoded.
+struct GIFFrame {
+  /// Of the byte with the minimum code size, which the sub-blocks follow.
+  std::size_t dataOffset = 0;
+  /// Of the colour table that the frame uses, its own or the global one.
+  std::size_t colourTableOffset = 0;
+  /// Entries in that table; 0 where there is none.
+  std::uint16_t colourCount = 0;
+
+  // In pixels of the canvas; may reach over its edges.
+  std::uint16_t left = 0;
+  std::uint16_t top = 0;
+  std::uint16_t width = 0;
+  std::uint16_t height = 0;
+
+  /// Hundredths of a second; has a meaning only with a control extension.
+  std::uint16_t delay = 0;
+  std::uint8_t transparentIndex = 0;
+  GIFDisposal disposal = GIFDisposal::keep;
+  bool hasControlExtension = false;
+  bool hasTransparency = false;
+  bool isInterlaced = false;
+  bool hasOwnColourTable = false;
+  /// False where the data cannot be read at all; such a frame draws nothing and disposes of
+  /// nothing.
+  bool isDecodable = false;
+
+  GIFRect visibleRect(std::size_t canvasWidth, std::size_t canvasHeight) const {
+    GIFRect rect{.left = std::min<std::size_t>(left, canvasWidth),
+                 .top = std::min<std::size_t>(top, canvasHeight),
+                 .width = 0,
+                 .height = 0};
+    rect.width = std::min<std::size_t>(width, canvasWidth - rect.left);
+    rect.height = std::min<std::size_t>(height, canvasHeight - rect.top);
+    return rect;
+  }
+
+  bool coversCanvas(std::size_t canvasWidth, std::size_t canvasHeight) const {
+    return left == 0 && top == 0 && width >= canvasWidth && height >= canvasHeight;
+  }
+};

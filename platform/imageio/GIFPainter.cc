@@ -1,0 +1,168 @@
+#include "platform/imageio/GIFPainter.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstring>
+
+namespace {
+
+constexpr std::uint32_t opaqueBlack = 0xFF000000;
+
+// Indexes that are decoded before they are turned into pixels: few enough to be in the fastest
+// cache still.
+constexpr std::size_t batch = std::size_t{16} * 1024;
+
+/// Flat areas are common, so eight pixels of one colour are written as such.
+void paintOpaque(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count,
+                 const std::uint32_t* palette) {
+  std::size_t i = 0;
+  for (; i + 8 <= count; i += 8) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, indexes + i, sizeof eight);
+    if (eight == std::rotl(eight, 8)) {
+      std::fill_n(to + i, 8, palette[eight & 255]);
+      continue;
+    }
+    for (std::size_t j = i; j < i + 8; ++j) {
+      to[j] = palette[indexes[j]];
+    }
+  }
+  for (; i < count; ++i) {
+    to[i] = palette[indexes[i]];
+  }
+}
+
+/// Transparent pixels come in runs, so eight are tested at once.
+void paintOver(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count,
+               const std::uint32_t* palette, std::uint8_t transparentIndex) {
+  constexpr std::uint64_t everyByte = 0x0101010101010101;
+  const std::uint64_t transparent = everyByte * transparentIndex;
+  std::size_t i = 0;
+  for (; i + 8 <= count; i += 8) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, indexes + i, sizeof eight);
+    eight ^= transparent;
+    if (eight == 0) {
+      continue;
+    }
+    const bool anyTransparent = ((eight - everyByte) & ~eight & (everyByte << 7)) != 0;
+    if (!anyTransparent) {
+      paintOpaque(to + i, indexes + i, 8, palette);
+      continue;
+    }
+    for (std::size_t j = i; j < i + 8; ++j) {
+      to[j] = indexes[j] == transparentIndex ? to[j] : palette[indexes[j]];
+    }
+  }
+  for (; i < count; ++i) {
+    if (indexes[i] != transparentIndex) {
+      to[i] = palette[indexes[i]];
+    }
+  }
+}
+
+/// The order in which the rows of an image are stored.
+class RowOrder {
+ public:
+  RowOrder(std::size_t height, bool isInterlaced)
+      : height_(height), pass_(isInterlaced ? 0 : straight) {}
+
+  std::size_t row() const { return row_; }
+
+  void advance() {
+    row_ += steps[pass_];
+    while (row_ >= height_ && pass_ < lastPass) {
+      ++pass_;
+      row_ = starts[pass_];
+    }
+  }
+
+ private:
+  static constexpr std::array<std::size_t, 5> starts{0, 4, 2, 1, 0};
+  static constexpr std::array<std::size_t, 5> steps{8, 8, 4, 2, 1};
+  static constexpr std::size_t lastPass = 3;
+  static constexpr std::size_t straight = 4;
+
+  std::size_t height_;
+  std::size_t pass_;
+  std::size_t row_ = 0;
+};
+
+}  // namespace
+
+GIFPainter::GIFPainter(std::span<const std::uint8_t> data, const GIFStructure& structure)
+    : data_(data),
+      structure_(structure),
+      globalPalette_(readPalette(structure.globalColourTableOffset, structure.globalColourCount)) {}
+
+GIFPainter::Palette GIFPainter::readPalette(std::size_t offset, std::size_t count) const {
+  Palette palette;
+  const std::uint8_t* entry = data_.data() + offset;
+  for (std::size_t i = 0; i < count; ++i, entry += 3) {
+    palette[i] = opaqueBlack | static_cast<std::uint32_t>(entry[0]) << 16 |
+                 static_cast<std::uint32_t>(entry[1]) << 8 | entry[2];
+  }
+  std::fill(palette.begin() + static_cast<std::ptrdiff_t>(count), palette.end(), opaqueBlack);
+  return palette;
+}
+
+GIFPainter::Result GIFPainter::paint(const GIFFrame& frame, std::span<std::uint32_t> canvas,
+                                     Mode mode) {
+  const GIFRect rect = frame.visibleRect(structure_.width, structure_.height);
+  if (rect.area() == 0) {
+    return Result::complete;
+  }
+  // An interlaced image has visible rows up to its end.
+  const std::size_t rowCount = frame.isInterlaced ? frame.height : rect.height;
+  const std::size_t rowLength = frame.width;
+  if (!decompressor_.begin(data_.subspan(frame.dataOffset), rowCount * rowLength)) {
+    return Result::noMemory;
+  }
+
+  const Palette* palette = &globalPalette_;
+  Palette ownPalette;
+  if (frame.hasOwnColourTable) {
+    ownPalette = readPalette(frame.colourTableOffset, frame.colourCount);
+    palette = &ownPalette;
+  }
+  const bool leavesTransparent = frame.hasTransparency && mode == Mode::over;
+  if (frame.hasTransparency && mode == Mode::replace) {
+    if (palette != &ownPalette) {
+      ownPalette = *palette;
+      palette = &ownPalette;
+    }
+    ownPalette[frame.transparentIndex] = 0;
+  }
+
+  std::uint32_t* const origin = canvas.data() + rect.top * structure_.width + rect.left;
+  const auto paintRow = [&](std::size_t row, const std::uint8_t* indexes, std::size_t count) {
+    if (row >= rect.height) {
+      return;
+    }
+    std::uint32_t* const to = origin + row * structure_.width;
+    if (leavesTransparent) {
+      paintOver(to, indexes, count, palette->data(), frame.transparentIndex);
+    } else {
+      paintOpaque(to, indexes, count, palette->data());
+    }
+  };
+
+  RowOrder order(rowCount, frame.isInterlaced);
+  const std::size_t rowsInBatch = std::max<std::size_t>(1, batch / rowLength);
+  const std::uint8_t* const indexes = decompressor_.indexes();
+  std::size_t painted = 0;
+  while (painted < rowCount) {
+    const std::size_t wanted = std::min(rowCount, painted + rowsInBatch) * rowLength;
+    const std::size_t there = decompressor_.decode(wanted);
+    for (; painted < there / rowLength; ++painted, order.advance()) {
+      paintRow(order.row(), indexes + painted * rowLength, rect.width);
+    }
+    if (there < wanted) {
+      const std::size_t rest = std::min(there % rowLength, rect.width);
+      paintRow(order.row(), indexes + painted * rowLength, rest);
+      return Result::partial;
+    }
+  }
+  return Result::complete;
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "platform/imageio/GIFDecompressor.h"
+#include "platform/imageio/GIFStructure.h"
+
+/// Decodes the frames of one GIF and draws each into its rectangle of a canvas, whose pixels are as
+/// in PixelBuffer. Pixels that the data does not give (it ends early or is at fault) stay as they
+/// are. An index without an entry in its colour table is opaque black.
+class GIFPainter {
+ public:
+  enum class Mode {
+    over,     ///< transparent pixels leave the canvas as it is
+    replace,  ///< transparent pixels make the canvas transparent
+  };
+  enum class Result {
+    complete,
+    partial,   ///< the data did not give all visible pixels
+    noMemory,  ///< nothing was drawn
+  };
+
+  /// Both must outlive the painter.
+  GIFPainter(std::span<const std::uint8_t> data, const GIFStructure& structure);
+
+  /// Draws a decodable frame.
+  Result paint(const GIFFrame& frame, std::span<std::uint32_t> canvas, Mode mode);
+
+ private:
+  using Palette = std::array<std::uint32_t, 256>;
+
+  Palette readPalette(std::size_t offset, std::size_t count) const;
+
+  std::span<const std::uint8_t> data_;
+  const GIFStructure& structure_;
+  Palette globalPalette_;
+  GIFDecompressor decompressor_;
+};

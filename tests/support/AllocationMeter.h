@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstddef>
+
+/// Counts what the program takes through operator new. A test program that wants it links
+/// AllocationMeter.cc, which replaces the global operators.
+namespace allocationmeter {
+
+/// Starts a new measurement: what is taken now counts as nothing.
+void reset();
+
+/// The most bytes taken at once since the last reset.
+std::size_t peak();
+
+}  // namespace allocationmeter

@@ -1,0 +1,56 @@
+"""A `quietdial drive` process for tests: requests go in, replies come out, in step."""
+
+import json
+import os
+import subprocess
+
+SETTINGS = "/User/Library/Preferences/me.orlanvey.quietDial.plist"
+CHANGED = "me.orlanvey.quietDial/PreferencesChanged"
+APPLIED = "me.orlanvey.quietdial/prefsChanged"
+
+
+def program() -> str:
+    """Path of the terminal program; the build sets it."""
+    return os.environ["QUIETDIAL"]
+
+
+class Drive:
+    def __init__(self, *arguments: str):
+        self.process = subprocess.Popen(
+            [program(), "drive", *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1
+        )
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.process.stdin.close()
+        self.process.wait(timeout=60)
+        self.process.stdout.close()
+
+    def line(self, text: str) -> dict:
+        """Sends a line as it stands and gives the reply."""
+        self.process.stdin.write(text + "\n")
+        self.process.stdin.flush()
+        return json.loads(self.process.stdout.readline())
+
+    def ask(self, do: str, **fields) -> dict:
+        """Sends a request and gives the reply, whatever it says."""
+        return self.line(json.dumps({"do": do, **fields}))
+
+    def do(self, do: str, **fields) -> dict:
+        """Sends a request that has to succeed."""
+        reply = self.ask(do, **fields)
+        assert reply["ok"], reply
+        return reply
+
+    def settings(self) -> dict:
+        return self.do("settings")["settings"]
+
+    def events(self, *kinds: str) -> list:
+        """What happened since the last call; of the kinds given, if any are."""
+        events = self.do("events")["events"]
+        return [event for event in events if not kinds or event["event"] in kinds]
+
+    def rows(self) -> list:
+        return self.do("rows")["rows"]

@@ -1,0 +1,115 @@
+#include "platform/coregraphics/CGBitmapContext.h"
+
+#include <limits>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::Each;
+using testing::ElementsAre;
+
+namespace {
+
+constexpr std::uint32_t red = 0xFFFF0000;
+constexpr std::uint32_t green = 0xFF00FF00;
+
+std::shared_ptr<const CGImage> image(std::size_t width, const std::vector<std::uint32_t>& words) {
+  const auto buffer = PixelBuffer::create(width, words.size() / width);
+  std::ranges::copy(words, buffer->pixels().begin());
+  return CGImage::create(buffer);
+}
+
+std::unique_ptr<CGBitmapContext> context(
+    std::size_t width, std::size_t height,
+    CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::premultipliedFirst) {
+  return CGBitmapContext::create(width, height, 8, 4 * width, CGColorSpace::createDeviceRGB(),
+                                 alphaInfo);
+}
+
+class NoMemory : public PixelProvider {
+ public:
+  std::shared_ptr<const PixelBuffer> makePixels() override { return nullptr; }
+};
+
+TEST(CGBitmapContext, OnlyThePlatformsLayoutIsMade) {
+  const CGColorSpace space = CGColorSpace::createDeviceRGB();
+  EXPECT_EQ(space.numberOfComponents(), 3U);
+  using enum CGImageAlphaInfo;
+  EXPECT_NE(CGBitmapContext::create(2, 2, 8, 8, space, premultipliedFirst), nullptr);
+  EXPECT_NE(CGBitmapContext::create(2, 2, 8, 0, space, noneSkipFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(2, 2, 8, 9, space, premultipliedFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(2, 2, 16, 8, space, premultipliedFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(0, 2, 8, 0, space, premultipliedFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(65535, 65535, 8, 0, space, premultipliedFirst), nullptr);
+  for (const CGImageAlphaInfo other : {none, premultipliedLast, last, first, noneSkipLast, only}) {
+    EXPECT_EQ(CGBitmapContext::create(2, 2, 8, 8, space, other), nullptr);
+  }
+}
+
+TEST(CGBitmapContext, AnEmptyOneIsTransparentOrBlack) {
+  EXPECT_THAT(context(2, 1)->createImage()->pixels()->pixels(), ElementsAre(0, 0));
+  const auto opaque = context(2, 1, CGImageAlphaInfo::noneSkipFirst)->createImage();
+  EXPECT_THAT(opaque->pixels()->pixels(), ElementsAre(0xFF000000, 0xFF000000));
+  EXPECT_EQ(opaque->alphaInfo(), CGImageAlphaInfo::noneSkipFirst);
+}
+
+TEST(CGBitmapContext, AFirstPictureOfItsSizeIsSharedNotCopied) {
+  const auto source = image(2, {red, 0});
+  const auto target = context(2, 1);
+  target->drawImage(CGRectMake(0, 0, 2, 1), *source);
+  EXPECT_EQ(target->createImage()->pixels(), source->pixels());
+}
+
+TEST(CGBitmapContext, WhatIsSharedIsNotDrawnOver) {
+  const auto source = image(2, {red, 0});
+  const auto target = context(2, 1);
+  target->drawImage(CGRectMake(0, 0, 2, 1), *source);
+  const auto before = target->createImage();
+  target->drawImage(CGRectMake(1, 0, 1, 1), *image(1, {green}));
+  const auto after = target->createImage();
+  target->drawImage(CGRectMake(0, 0, 1, 1), *image(1, {green}));
+  EXPECT_THAT(source->pixels()->pixels(), ElementsAre(red, 0));
+  EXPECT_THAT(before->pixels()->pixels(), ElementsAre(red, 0));
+  EXPECT_THAT(after->pixels()->pixels(), ElementsAre(red, green));
+  EXPECT_THAT(target->createImage()->pixels()->pixels(), ElementsAre(green, green));
+}
+
+TEST(CGBitmapContext, TransparencyShowsWhatIsUnder) {
+  const auto target = context(2, 1);
+  target->drawImage(CGRectMake(0, 0, 2, 1), *image(2, {green, green}));
+  target->drawImage(CGRectMake(0, 0, 2, 1), *image(2, {0, 0x80800000}));
+  EXPECT_THAT(target->createImage()->pixels()->pixels(), ElementsAre(green, 0xFF807F00));
+}
+
+TEST(CGBitmapContext, APictureIsScaledToItsRectangleAndCutOffAtTheEdges) {
+  const auto target = context(4, 2);
+  target->drawImage(CGRectMake(2, -2, 4, 4), *image(2, {red, green, green, red}));
+  EXPECT_THAT(target->createImage()->pixels()->pixels(),
+              ElementsAre(0, 0, green, green, 0, 0, green, green));
+}
+
+TEST(CGBitmapContext, ARectangleWithoutExtentOrNumberDrawsNothing) {
+  const auto target = context(2, 1);
+  const double infinity = std::numeric_limits<double>::infinity();
+  const double notANumber = std::numeric_limits<double>::quiet_NaN();
+  for (const CGRect& rect : {CGRectMake(0, 0, 0, 1), CGRectMake(0, 0, infinity, 1),
+                             CGRectMake(notANumber, 0, 1, 1), CGRectMake(0, 0, 1, notANumber)}) {
+    target->drawImage(rect, *image(1, {red}));
+  }
+  EXPECT_THAT(target->createImage()->pixels()->pixels(), Each(0));
+}
+
+TEST(CGBitmapContext, APictureWithoutPixelsDrawsNothing) {
+  const auto target = context(2, 1);
+  const auto none = CGImage::create(2, 1, std::make_shared<NoMemory>());
+  EXPECT_EQ(none->pixels(), nullptr);
+  target->drawImage(CGRectMake(0, 0, 2, 1), *none);
+  EXPECT_THAT(target->createImage()->pixels()->pixels(), Each(0));
+}
+
+TEST(CGImage, ThereIsNoneWithoutPixels) {
+  EXPECT_EQ(CGImage::create(nullptr), nullptr);
+}
+
+}  // namespace
