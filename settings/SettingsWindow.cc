@@ -51,6 +51,7 @@ SettingsWindow::SettingsWindow(Sheets& sheets, PictureProvider::PathResolver res
   }
   view_.installEventFilter(this);
   connect(&queue_, &MainQueueHost::turned, &mirror_, &ViewMirror::scheduleCommit);
+  connect(&queue_, &MainQueueHost::turned, this, &SettingsWindow::turned);
   connect(&mirror_, &ViewMirror::committed, &navigation_, &Navigation::refresh);
 }
 
@@ -66,7 +67,6 @@ void SettingsWindow::show() {
 bool SettingsWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Close) {
     navigation_.endEditing();
-    emit closed();
   }
   return QObject::eventFilter(watched, event);
 }

@@ -26,6 +26,8 @@ class SettingsWindow : public QObject {
   Navigation& navigation() { return navigation_; }
 
   void show();
+  /// As the user closes it: what is being typed is kept.
+  void close() { view_.close(); }
   QSize size() const { return view_.size(); }
   void resize(QSize size);
 
@@ -37,8 +39,8 @@ class SettingsWindow : public QObject {
   QImage picture();
 
  signals:
-  /// The user has closed the window.
-  void closed();
+  /// Tasks of the main queue have run.
+  void turned();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -13,6 +13,8 @@ namespace {
 
 // A pause in typing, in milliseconds, after which the next letter begins another word.
 constexpr quint64 kTypingPause = 1000;
+// How much of what is in sight a page key goes on by.
+constexpr qreal kPagePart = 0.8;
 
 }  // namespace
 
@@ -146,10 +148,8 @@ TableCellItem* TableItem::rowForKey(int key) const {
   const bool onRow = current_ && (inList || current_->hasActiveFocus());
   const auto at = onRow ? rows.indexOf(current_) : -1;
   const auto last = rows.size() - 1;
-  const auto firstFrom = [&](qreal y) {
-    const auto found = std::ranges::find_if(rows, [y](const auto* row) { return row->y() >= y; });
-    return found == rows.end() ? rows.back() : *found;
-  };
+  const qreal page = height() * kPagePart;
+  const qreal here = onRow ? current_->y() : 0;
   switch (key) {
     case Qt::Key_Down:
       return rows[std::min(at + 1, last)];
@@ -160,9 +160,11 @@ TableCellItem* TableItem::rowForKey(int key) const {
     case Qt::Key_End:
       return rows.back();
     case Qt::Key_PageDown:
-      return firstFrom((onRow ? current_->y() : 0) + height() * 0.8);
+      return *std::ranges::find_if(rows.begin(), rows.end() - 1,
+                                   [&](const auto* row) { return row->y() >= here + page; });
     case Qt::Key_PageUp:
-      return firstFrom((onRow ? current_->y() : 0) - height() * 0.8);
+      return *std::ranges::find_if(rows.rbegin(), rows.rend() - 1,
+                                   [&](const auto* row) { return row->y() <= here - page; });
     default:
       return nullptr;
   }

@@ -97,6 +97,9 @@ void ViewSurface::layOut() {
   if (item.parentItem() != this) {
     item.setParentItem(this);
     item.setParent(this);
+    if (hasActiveFocus()) {
+      takeFocus();
+    }
   }
 }
 

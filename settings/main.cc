@@ -28,6 +28,7 @@
 #include "settings/SettingsListController.h"
 #include "settings/SettingsWindow.h"
 #include "settings/SystemFont.h"
+#include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
 #include "tools/version.h"
 
@@ -123,6 +124,8 @@ int run(const Options& options) {
     return paths->forReading(path).value_or("");
   };
   SettingsWindow window(*sheets, resolve, options.size);
+  // Nobody asks for the record.
+  QObject::connect(&window, &SettingsWindow::turned, &window, [recorder] { recorder->take(); });
   window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));
@@ -137,6 +140,8 @@ int run(const Options& options) {
   } else if (!options.tour.isEmpty()) {
     status = takeTour(window, options.tour);
   } else {
+    const TerminationSignals termination;
+    QObject::connect(&termination, &TerminationSignals::received, &window, &SettingsWindow::close);
     window.show();
     status = QGuiApplication::exec();
   }

@@ -19,6 +19,10 @@ AccessibleElement {
         property: "devicePixelRatio"
         value: main.Screen.devicePixelRatio
     }
+    Shortcut {
+        sequences: [StandardKey.Quit, StandardKey.Close]
+        onActivated: main.Window.window.close()
+    }
     Rectangle {
         anchors.fill: parent
         color: Theme.pageColor

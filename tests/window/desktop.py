@@ -69,12 +69,6 @@ class Application:
         self.process.wait(PATIENCE)
         self.process.stderr.close()
 
-    def close_window(self):
-        """Closes it as a window manager would."""
-        window = subprocess.run(["xdotool", "search", "--pid", str(self.process.pid)], check=True,
-                                capture_output=True, text=True).stdout.split()[-1]
-        xdotool("windowclose", window)
-
     def elements(self):
         """All elements as they now are, each before what is in it."""
         found = []

@@ -92,9 +92,21 @@ class MouseJourney(unittest.TestCase):
         desktop.xdotool("type", "--delay", "30", "#30#")
         desktop.wait_for(lambda: self.application.wait_for("text", "Enter").queryText()
                          .getText(0, -1) == "#30#", "the field to hold what was typed")
-        self.application.close_window()
+        desktop.xdotool("key", "ctrl+q")
         self.application.process.wait(desktop.PATIENCE)
         self.assertEqual(self.settings()["customPrefix"], "#30#")
+
+    def test_what_is_typed_is_kept_when_the_program_is_asked_to_end(self):
+        self.click("push button", "Hide Caller ID Prefix")
+        self.scroll_to("text", "Enter your custom prefix here")
+        self.click("text", "Enter your custom prefix here")
+        self.application.wait_for_state("text", "Enter your custom prefix here", "focused")
+        desktop.xdotool("type", "--delay", "30", "1")
+        desktop.wait_for(lambda: self.application.wait_for("text", "Enter").queryText()
+                         .getText(0, -1) == "1", "the field to hold what was typed")
+        self.application.process.terminate()
+        self.assertEqual(self.application.process.wait(desktop.PATIENCE), 0)
+        self.assertEqual(self.settings()["customPrefix"], "1")
 
     def test_a_swipe_from_the_left_edge_goes_back(self):
         self.click("push button", "Hide Caller ID Prefix")
