@@ -53,9 +53,16 @@ class KeyboardJourney(unittest.TestCase):
 
         self.press("End")
         self.on("text", "Enter your custom prefix here")
-        desktop.xdotool("type", "--delay", "30", TYPED)
+        desktop.xdotool("type", "--delay", "30", TYPED[:-1])
+        self.press("Up")
+        desktop.wait_for(lambda: self.settings()["customPrefix"] == TYPED[:-1],
+                         "what was typed to be kept when the keyboard goes on")
+        self.press("Down")
+        self.on("text", "Enter your custom prefix here")
+        desktop.xdotool("type", "--delay", "30", TYPED[-1])
         self.press("Return")
-        desktop.wait_for(lambda: self.settings()["customPrefix"] == TYPED, "the typed prefix")
+        desktop.wait_for(lambda: self.settings()["customPrefix"] == TYPED,
+                         "what was typed to be kept on Return")
         self.assertEqual(self.settings()["selectedPrefix"], "141")
         self.press("Up")
         self.on("radio button", "Custom")
