@@ -20,7 +20,7 @@ ALLOWED = {
     "bundle": PANES | {"platform"},
     "linux": {"platform"},
     "headless": {"platform"},
-    "settings": {"linux", "platform", "tools/version.h"},
+    "settings": {"linux", "headless", "platform", "tools/version.h"},
     "tools": PANES | {"linux", "headless", "platform"},
 }
 

@@ -11,7 +11,7 @@ def main() -> int:
         ["git", "ls-files", "tests/*_test.cc", "tests/*_test.py"], check=True, capture_output=True, text=True
     ).stdout.split()
     lists = "\n".join(path.read_text() for path in pathlib.Path("tests").rglob("CMakeLists.txt"))
-    forgotten = [name for name in tests if pathlib.Path(name).name not in lists]
+    forgotten = [name for name in tests if pathlib.Path(name).stem not in lists]
     for name in forgotten:
         print(f"{name} is in no CMakeLists.txt", file=sys.stderr)
     return 1 if forgotten or not tests else 0

@@ -172,7 +172,8 @@ void PSListController::reloadSpecifierIDAnimated(std::string_view identifier, bo
 
 void PSListController::replaceContiguousSpecifiersWithSpecifiersAnimated(
     const PSSpecifiers& current, const PSSpecifiers& replacement, bool /*animated*/) {
-  const auto run = std::search(specifiers_.begin(), specifiers_.end(), current.begin(), current.end());
+  const auto run =
+      std::search(specifiers_.begin(), specifiers_.end(), current.begin(), current.end());
   if (current.empty() || run == specifiers_.end()) {
     return;
   }
