@@ -51,7 +51,6 @@ SettingsWindow::SettingsWindow(Sheets& sheets, PictureProvider::PathResolver res
   }
   view_.installEventFilter(this);
   connect(&queue_, &MainQueueHost::turned, &mirror_, &ViewMirror::scheduleCommit);
-  connect(&queue_, &MainQueueHost::turned, this, &SettingsWindow::turned);
   connect(&mirror_, &ViewMirror::committed, &navigation_, &Navigation::refresh);
 }
 

@@ -38,10 +38,6 @@ class SettingsWindow : public QObject {
   /// window is on a screen. A null image when the renderer cannot draw.
   QImage picture();
 
- signals:
-  /// Tasks of the main queue have run.
-  void turned();
-
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -9,9 +9,8 @@
 #include <cstdlib>
 #include <memory>
 #include <string>
+#include <vector>
 
-#include "headless/RecordingNotifications.h"
-#include "headless/RecordingProcesses.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
@@ -35,6 +34,30 @@
 namespace {
 
 constexpr int kUnusableArguments = 2;
+
+// Notifications reach the observers of this process; no other process is told.
+class NoBroadcast final : public NotificationBroadcaster {
+ public:
+  void broadcast(NotificationCall /*call*/, const std::string& /*name*/) override {}
+};
+
+// No program is started: each start succeeds and each wait is over at once.
+class NoProcesses final : public ProcessService {
+ public:
+  int posixSpawn(int& pid, const std::string& /*path*/,
+                 const std::vector<std::string>& /*arguments*/,
+                 const std::vector<std::string>* /*environment*/) override {
+    pid = ++lastPid_;
+    return 0;
+  }
+  int waitpid(int pid, int& status, int /*options*/) override {
+    status = 0;
+    return pid;
+  }
+
+ private:
+  int lastPid_ = 0;
+};
 
 int complain(const QString& sentence, int status) {
   std::fprintf(stderr, "quietdial-settings: %s\n", qPrintable(sentence));
@@ -94,14 +117,13 @@ int run(const Options& options) {
                                   ? DevicePaths::installedLibrary()
                                   : libraryWith(options.bundle, scratch).toStdString();
   const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
-  const auto recorder = std::make_shared<Recorder>();
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
-      .notifications = std::make_shared<RecordingNotifications>(recorder, nullptr),
-      .processes = std::make_shared<RecordingProcesses>(recorder, nullptr),
+      .notifications = std::make_shared<NoBroadcast>(),
+      .processes = std::make_shared<NoProcesses>(),
       .addresses = std::make_shared<DesktopAddressOpener>(),
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
@@ -124,8 +146,6 @@ int run(const Options& options) {
     return paths->forReading(path).value_or("");
   };
   SettingsWindow window(*sheets, resolve, options.size);
-  // Nobody asks for the record.
-  QObject::connect(&window, &SettingsWindow::turned, &window, [recorder] { recorder->take(); });
   window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));

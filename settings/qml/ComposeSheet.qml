@@ -7,7 +7,10 @@ FocusScope {
     required property ComposeModel model
 
     focus: true
-    Component.onCompleted: input.forceActiveFocus()
+    Component.onCompleted: {
+        input.cursorPosition = input.length;
+        input.forceActiveFocus();
+    }
 
     Shortcut {
         sequences: ["Escape"]

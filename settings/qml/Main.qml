@@ -10,6 +10,9 @@ AccessibleElement {
 
     readonly property bool covered: sheets.alert !== null || sheets.compose !== null
 
+    // The keyboard comes back to where it was before the sheet.
+    onCoveredChanged: if (!covered)
+        pages.forceActiveFocus()
     kind: AccessibleElement.Window
     name: navigation.title
     Accessible.role: Accessible.Pane
@@ -28,6 +31,7 @@ AccessibleElement {
         color: Theme.pageColor
     }
     NavigationView {
+        id: pages
         anchors.fill: parent
         enabled: !main.covered
         navigation: main.navigation

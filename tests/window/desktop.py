@@ -22,11 +22,10 @@ def in_own_desktop():
     os.chmod(runtime, 0o700)
     try:
         environment = dict(os.environ, QUIETDIAL_TEST_DESKTOP="1", XDG_RUNTIME_DIR=runtime,
-                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb",
-                           NO_AT_BRIDGE="0", GTK_MODULES="")
+                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
         status = subprocess.run(
             ["xvfb-run", "-a", "-s", "-screen 0 800x1000x24", "dbus-run-session", "--",
-             sys.executable, *sys.argv], env=environment, check=False).returncode
+             sys.executable, "-B", "-W", "ignore", *sys.argv], env=environment, check=False).returncode
     finally:
         shutil.rmtree(runtime, ignore_errors=True)
     sys.exit(status)

@@ -53,9 +53,16 @@ class KeyboardJourney(unittest.TestCase):
 
         self.press("End")
         self.on("text", "Enter your custom prefix here")
-        desktop.xdotool("type", "--delay", "30", TYPED)
+        desktop.xdotool("type", "--delay", "30", TYPED[:-1])
+        self.press("Up")
+        desktop.wait_for(lambda: self.settings()["customPrefix"] == TYPED[:-1],
+                         "what was typed to be kept when the keyboard goes on")
+        self.press("Down")
+        self.on("text", "Enter your custom prefix here")
+        desktop.xdotool("type", "--delay", "30", TYPED[-1])
         self.press("Return")
-        desktop.wait_for(lambda: self.settings()["customPrefix"] == TYPED, "the typed prefix")
+        desktop.wait_for(lambda: self.settings()["customPrefix"] == TYPED,
+                         "what was typed to be kept on Return")
         self.assertEqual(self.settings()["selectedPrefix"], "141")
         self.press("Up")
         self.on("radio button", "Custom")
@@ -91,6 +98,28 @@ class KeyboardJourney(unittest.TestCase):
         self.on("push button", "Back")
         self.press("Return")
         self.application.wait_for("push button", "Dial Tab Style")
+
+    def test_the_share_sheet_takes_the_keyboard_and_gives_it_back(self):
+        self.application.wait_for_state("list", "Settings", "focused")
+        self.press("Down", "Return")
+        self.application.wait_for("push button", "Share")
+        self.application.wait_for_state("list", "Settings", "focused")
+        self.press("Down")
+        self.on("push button", "Hide Caller ID Prefix")
+        self.press("Tab", "Tab")
+        self.on("push button", "Share")
+        self.press("space")
+        self.application.wait_for("dialog", "Twitter")
+        desktop.xdotool("type", "--delay", "30", " Yes")
+        text = self.application.wait_for("text", "Text").queryText()
+        desktop.wait_for(lambda: text.getText(0, -1) ==
+                         "I'm loving #QuietDial from @Tallowbyte! Yes", "the typed text")
+        self.press("Escape")
+        desktop.wait_for(lambda: not self.application.find("dialog", "Twitter"),
+                         "the sheet to go")
+        self.on("push button", "Share")
+        self.press("Tab", "Down")
+        self.on("push button", "Dial Tab Style")
 
     def test_home_end_and_page_keys(self):
         self.application.wait_for_state("list", "Settings", "focused")
