@@ -44,7 +44,7 @@ QUrl PictureProvider::urlFor(const UIImage& image, const QColor& tint) {
   if (tint.isValid()) {
     id += '-' + tint.name(QColor::HexArgb).mid(1).toLatin1();
   }
-  return QUrl(QStringLiteral("image://%1/%2").arg(QLatin1String(kName), QLatin1String(id)));
+  return {QStringLiteral("image://%1/%2").arg(QLatin1String(kName), QLatin1String(id))};
 }
 
 QImage PictureProvider::requestImage(const QString& id, QSize* size, const QSize& requestedSize) {

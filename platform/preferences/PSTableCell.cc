@@ -112,11 +112,16 @@ CGFloat PSTableCell::trailingWidth() const {
   if (!badge_) {
     return 0;
   }
-  // A badge is a pill: never narrower than high, and never more than half of the row.
-  const CGFloat text = std::ceil(badge_->sizeThatFits(std::numeric_limits<CGFloat>::max()).width);
-  return std::min(bounds().size.width / 2,
-                  std::max(metrics::kBadgeHeight, text + 2 * metrics::kBadgePadding) +
-                      metrics::kTitleDetailGap);
+  // A badge is a pill, never narrower than high. It leaves the title its room, unless that were
+  // more than two thirds of the row.
+  constexpr CGFloat kUnbounded = std::numeric_limits<CGFloat>::max();
+  const CGFloat text = std::ceil(badge_->sizeThatFits(kUnbounded).width);
+  const CGFloat pill = std::max(metrics::kBadgeHeight, text + 2 * metrics::kBadgePadding);
+  const CGFloat content = contentView()->bounds().size.width;
+  const CGFloat icon = imageView()->image() ? metrics::kIconSize + metrics::kTextInset : 0;
+  const CGFloat title = std::ceil(textLabel()->sizeThatFits(kUnbounded).width);
+  const CGFloat room = std::max(content / 3, content - metrics::kTextInset - icon - title);
+  return std::min(pill + metrics::kTitleDetailGap, room);
 }
 
 void PSTableCell::layoutSubviews() {

@@ -11,7 +11,14 @@ LabelItem {
         radius: label.radius
     }
     Text {
+        readonly property bool inPill: label.radius > 0
+
         anchors.fill: parent
+        // A pill that is short of room has its text a little smaller before any of it is cut.
+        anchors.leftMargin: inPill ? Theme.pillPadding : 0
+        anchors.rightMargin: anchors.leftMargin
+        fontSizeMode: inPill ? Text.HorizontalFit : Text.FixedSize
+        minimumPixelSize: Theme.pillSmallestText
         text: label.text
         textFormat: Text.PlainText
         font: label.font

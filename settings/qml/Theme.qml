@@ -56,6 +56,9 @@ QtObject {
     readonly property real checkmarkStroke: 2
     readonly property real iconRadius: 6.5
 
+    readonly property real pillPadding: 4
+    readonly property int pillSmallestText: 11
+
     readonly property int slideTime: 400
     readonly property int releaseTime: 300
     // How far the page below moves to the left and how much it dims while another slides over it.
