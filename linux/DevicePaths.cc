@@ -57,7 +57,7 @@ DevicePaths::DevicePaths(const std::string& root, const std::string& library)
     : root_(absolute(root)), library_(absolute(library)) {}
 
 std::string DevicePaths::defaultRoot() {
-  // A relative value of the variable is to be ignored (XDG Base Directory Specification).
+  // A relative value of the variable is to be ignored (XDG base directories).
   const char* data = std::getenv("XDG_DATA_HOME");
   return (data && *data == '/' ? std::string(data) : homeFolder() + "/.local/share") + "/quietdial";
 }
