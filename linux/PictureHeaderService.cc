@@ -14,7 +14,7 @@
 namespace {
 
 // A PNG file starts with its signature and the header chunk: length 13, "IHDR", width and height
-// (PNG, third edition, 5.2 and 11.2.2).
+// (PNG, sections 5.2 and 11.2.2).
 constexpr std::string_view kPNGStart{"\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR", 16};
 constexpr std::size_t kPNGLength = 24;
 constexpr std::uint32_t kLargestPNGSide = 0x7FFFFFFF;
