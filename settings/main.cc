@@ -29,6 +29,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/WindowRefresh.h"
 #include "tools/version.h"
 
 namespace {
@@ -119,6 +120,7 @@ int run(const Options& options) {
   const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
+  const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
@@ -128,6 +130,7 @@ int run(const Options& options) {
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .displayRefresh = refresh,
   });
   registerClasses(platformClasses());
 
@@ -146,6 +149,7 @@ int run(const Options& options) {
     return paths->forReading(path).value_or("");
   };
   SettingsWindow window(*sheets, resolve, options.size);
+  window.follow(*refresh);
   window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));

@@ -19,11 +19,14 @@ PaneTest::PaneTest() {
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
+      .displayRefresh = displayRefresh,
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();
   inner = allocInit<UINavigationController>();
   outer->pushViewControllerAnimated(inner, false);
+  window = allocInit<UIWindow>();
+  window->setRootViewController(outer);
 }
 
 void PaneTest::layOut() {
