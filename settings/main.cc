@@ -15,6 +15,7 @@
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
+#include "linux/Syslog.h"
 #include "linux/SystemClock.h"
 #include "platform/classes.h"
 #include "platform/foundation/MainQueue.h"
@@ -128,6 +129,7 @@ int run(const Options& options) {
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .log = std::make_shared<Syslog>("quietdial-settings"),
   });
   registerClasses(platformClasses());
 
