@@ -5,13 +5,17 @@
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
 #include "root/QDPreferencesListController.h"
+#include "styles/QDButtonPickerCell.h"
+#include "styles/QDButtonStyleSelectionController.h"
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 3> kClasses{
+constexpr std::array<const ClassDescription*, 5> kClasses{
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
+    &QDButtonStyleSelectionController::classObject,
+    &QDButtonPickerCell::classObject,
 };
 
 }  // namespace

@@ -17,6 +17,7 @@
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/Syslog.h"
 #include "linux/SystemClock.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
@@ -151,6 +152,7 @@ int run(const Options& options) {
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .log = std::make_shared<Syslog>("quietdial-settings"),
   });
   registerClasses(platformClasses());
 

@@ -2,6 +2,7 @@
 
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/TableTextMeasurer.h"
@@ -19,6 +20,7 @@ PaneTest::PaneTest() {
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
+      .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();

@@ -10,6 +10,7 @@
 
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/TableTextMeasurer.h"
@@ -20,6 +21,7 @@
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/StandardErrorLog.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "tools/drive/DriveSession.h"
@@ -149,6 +151,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
