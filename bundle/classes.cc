@@ -8,16 +8,20 @@
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
 #include "root/QDPreferencesListController.h"
+#include "styles/QDButtonPickerCell.h"
+#include "styles/QDButtonStyleSelectionController.h"
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 6> kClasses{
+constexpr std::array<const ClassDescription*, 8> kClasses{
     &FLAnimatedImage::classObject,
     &FLAnimatedImageView::classObject,
     &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
+    &QDButtonStyleSelectionController::classObject,
+    &QDButtonPickerCell::classObject,
 };
 
 }  // namespace

@@ -96,6 +96,13 @@ class PictureService {
   virtual std::optional<CGSize> pixelSize(const std::string& path) = 0;
 };
 
+/// The log in which a machine keeps what its programs say.
+class SystemLog {
+ public:
+  virtual ~SystemLog() = default;
+  virtual void write(const std::string& line) = 0;
+};
+
 /// Showing what stands above a page.
 class SheetPresenter {
  public:
@@ -126,6 +133,7 @@ struct Services {
   std::shared_ptr<PictureService> pictures;
   std::shared_ptr<SheetPresenter> sheets;
   std::shared_ptr<DisplayRefresh> displayRefresh;
+  std::shared_ptr<SystemLog> log;
 };
 
 /// Main thread, before the first use of anything else; every member set.

@@ -1,6 +1,7 @@
 #include "platform/uikit/UIView.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/uikit/UITapGestureRecognizer.h"
 #include "platform/uikit/UITextField.h"
@@ -165,6 +166,16 @@ void UIView::setTintColor(std::optional<UIColor> color) {
 
 void UIView::setCornerRadius(CGFloat radius) {
   cornerRadius_ = radius;
+  setNeedsDisplay();
+}
+
+void UIView::setAccessibilityLabel(std::string label) {
+  accessibilityLabel_ = std::move(label);
+  setNeedsDisplay();
+}
+
+void UIView::setAccessibilitySelected(bool selected) {
+  accessibilitySelected_ = selected;
   setNeedsDisplay();
 }
 

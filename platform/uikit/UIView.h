@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/api.h"
@@ -82,6 +83,13 @@ class PLATFORM_API UIView : public NSObject, public CALayerDelegate {
   CGFloat cornerRadius() const { return cornerRadius_; }
   void setCornerRadius(CGFloat radius);
 
+  /// What assistive technology calls the view; empty for what its class says of itself.
+  const std::string& accessibilityLabel() const { return accessibilityLabel_; }
+  void setAccessibilityLabel(std::string label);
+  /// Whether the view is the chosen one of several alternatives; nothing where it is none of such.
+  const std::optional<bool>& accessibilitySelected() const { return accessibilitySelected_; }
+  void setAccessibilitySelected(bool selected);
+
   void addGestureRecognizer(const std::shared_ptr<UITapGestureRecognizer>& recognizer);
   const std::vector<std::shared_ptr<UITapGestureRecognizer>>& gestureRecognizers() const {
     return gestureRecognizers_;
@@ -116,6 +124,8 @@ class PLATFORM_API UIView : public NSObject, public CALayerDelegate {
   std::optional<UIColor> backgroundColor_;
   std::optional<UIColor> tintColor_;
   std::vector<std::shared_ptr<UITapGestureRecognizer>> gestureRecognizers_;
+  std::string accessibilityLabel_;
+  std::optional<bool> accessibilitySelected_;
   CGFloat cornerRadius_ = 0;
   bool hidden_ = false;
   bool userInteractionEnabled_ = true;

@@ -2,6 +2,7 @@
 
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/TableTextMeasurer.h"
@@ -20,6 +21,7 @@ PaneTest::PaneTest() {
       .pictures = pictures,
       .sheets = sheets,
       .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();

@@ -11,6 +11,7 @@
 #include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/TableTextMeasurer.h"
@@ -21,6 +22,7 @@
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/StandardErrorLog.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "tools/drive/DriveSession.h"
@@ -152,6 +154,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
       .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";

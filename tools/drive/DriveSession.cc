@@ -12,6 +12,7 @@
 #include "platform/services.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIButton.h"
+#include "platform/uikit/UISegmentedControl.h"
 #include "prefix/prefixes.h"
 #include "tools/drive/report.h"
 
@@ -62,12 +63,14 @@ double numberMember(const Json& request, const char* name, double least, double 
   return number;
 }
 
-void collectButtons(const UIView& view, std::vector<std::shared_ptr<UIButton>>& buttons) {
+// The views of that class below a view, in order.
+template <class View>
+void collect(const UIView& view, std::vector<std::shared_ptr<View>>& views) {
   for (const auto& child : view.subviews()) {
-    if (auto button = cast<UIButton>(child)) {
-      buttons.push_back(std::move(button));
+    if (auto found = cast<View>(child)) {
+      views.push_back(std::move(found));
     }
-    collectButtons(*child, buttons);
+    collect(*child, views);
   }
 }
 
@@ -199,9 +202,21 @@ Json DriveSession::views(const Json& request) {
 
 Json DriveSession::segment(const Json& request) {
   auto& pane = requireTopPane();
-  requireCell(pane, request);
-  indexMember(request, "index");
-  throw Refusal("Row " + member(request, "row").dump() + " has no segmented control.");
+  const auto cell = requireCell(pane, request);
+  const int index = indexMember(request, "index");
+  std::vector<std::shared_ptr<UISegmentedControl>> controls;
+  collect(*cell, controls);
+  if (controls.empty()) {
+    throw Refusal("Row " + member(request, "row").dump() + " has no segmented control.");
+  }
+  const auto count = controls.front()->titles().size();
+  if (std::cmp_greater_equal(index, count)) {
+    throw Refusal("Row " + member(request, "row").dump() + " has " + std::to_string(count) +
+                  " segments, counted from 0.");
+  }
+  controls.front()->chooseSegment(index);
+  layOut();
+  return success();
 }
 
 Json DriveSession::press(const Json& request) {
@@ -209,7 +224,7 @@ Json DriveSession::press(const Json& request) {
   const auto cell = requireCell(pane, request);
   const auto number = static_cast<std::size_t>(indexMember(request, "button"));
   std::vector<std::shared_ptr<UIButton>> buttons;
-  collectButtons(*cell, buttons);
+  collect(*cell, buttons);
   if (number == 0 || number > buttons.size()) {
     throw Refusal("Row " + member(request, "row").dump() + " has " +
                   std::to_string(buttons.size()) + " buttons, counted from 1.");
