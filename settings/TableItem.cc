@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/foundation/NSRunLoop.h"
 #include "platform/uikit/UITableView.h"
 #include "settings/TableCellItem.h"
 #include "settings/ViewMirror.h"
@@ -20,6 +21,19 @@ constexpr qreal kPagePart = 0.8;
 
 TableItem::TableItem(QQuickItem* parent) : ViewItem(parent) {
   setFlag(ItemIsFocusScope);
+}
+
+TableItem::~TableItem() {
+  setScrolling(false);
+}
+
+void TableItem::setScrolling(bool scrolling) {
+  if (scrolling == scrolling_) {
+    return;
+  }
+  scrolling_ = scrolling;
+  NSRunLoop::mainRunLoop().setCurrentMode(scrolling ? UITrackingRunLoopMode : NSDefaultRunLoopMode);
+  emit scrollingChanged();
 }
 
 void TableItem::tapRow(const UITableViewCell& cell) {
