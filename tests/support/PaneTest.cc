@@ -20,12 +20,15 @@ PaneTest::PaneTest() {
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
+      .displayRefresh = displayRefresh,
       .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();
   inner = allocInit<UINavigationController>();
   outer->pushViewControllerAnimated(inner, false);
+  window = allocInit<UIWindow>();
+  window->setRootViewController(outer);
 }
 
 void PaneTest::layOut() {
