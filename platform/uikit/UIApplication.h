@@ -1,8 +1,26 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/api.h"
+
+/// How large the user wants texts, from the smallest; kLarge is the usual one.
+enum class UIContentSizeCategory : std::uint8_t {
+  kExtraSmall,
+  kSmall,
+  kMedium,
+  kLarge,
+  kExtraLarge,
+  kExtraExtraLarge,
+  kExtraExtraExtraLarge,
+  kAccessibilityMedium,
+  kAccessibilityLarge,
+  kAccessibilityExtraLarge,
+  kAccessibilityExtraExtraLarge,
+  kAccessibilityExtraExtraExtraLarge,
+  kLargest = kAccessibilityExtraExtraExtraLarge,
+};
 
 /// The running application, as far as pages ask something of it. Main thread.
 class PLATFORM_API UIApplication {
@@ -13,4 +31,11 @@ class PLATFORM_API UIApplication {
   bool canOpenURL(const std::string& url) const;
   /// Hands the address to whatever handles it; nothing happens when nothing does.
   void openURL(const std::string& url) const;
+
+  UIContentSizeCategory preferredContentSizeCategory() const { return contentSize_; }
+  /// For the host. Pages that are there already keep their size.
+  void setPreferredContentSizeCategory(UIContentSizeCategory category) { contentSize_ = category; }
+
+ private:
+  UIContentSizeCategory contentSize_ = UIContentSizeCategory::kLarge;
 };
