@@ -170,10 +170,24 @@ void UITableViewCell::layoutSubviews() {
                                     metrics::kIconSize, metrics::kIconSize));
   }
   const auto places = textPlacesForWidth(size.width);
+  setStacked(places.stacked);
   if (places.stacked) {
     placeStacked(places, size.height);
   } else {
     placeInLine(places, size.height);
+  }
+}
+
+void UITableViewCell::setStacked(bool stacked) {
+  if (std::exchange(stacked_, stacked) == stacked) {
+    return;
+  }
+  const int lines = stacked ? 0 : 1;
+  textLabel_->setNumberOfLines(lines);
+  if (detailTextLabel_) {
+    detailTextLabel_->setNumberOfLines(lines);
+    detailTextLabel_->setTextAlignment(stacked ? NSTextAlignment::kNatural
+                                               : NSTextAlignment::kRight);
   }
 }
 
@@ -211,12 +225,9 @@ void UITableViewCell::placeStacked(const TextPlaces& places, CGFloat height) {
     y += part > 0 ? part + metrics::kRowTextGap : 0;
     return top;
   };
-  textLabel_->setNumberOfLines(0);
   textLabel_->setFrame(
       CGRectMake(places.left, next(places.title.height), room, places.title.height));
   if (detailTextLabel_) {
-    detailTextLabel_->setNumberOfLines(0);
-    detailTextLabel_->setTextAlignment(NSTextAlignment::kNatural);
     detailTextLabel_->setFrame(
         CGRectMake(places.left, next(places.detail.height), room, places.detail.height));
   }

@@ -80,6 +80,7 @@ class PLATFORM_API UITableViewCell : public UIView {
 
   CGFloat accessoryWidth() const;
   TextPlaces textPlacesForWidth(CGFloat width) const;
+  void setStacked(bool stacked);
   void placeInLine(const TextPlaces& places, CGFloat height);
   void placeStacked(const TextPlaces& places, CGFloat height);
 
@@ -93,6 +94,7 @@ class PLATFORM_API UITableViewCell : public UIView {
   std::optional<UIEdgeInsets> separatorInset_;
   std::optional<UIEdgeInsets> layoutMargins_;
   std::optional<bool> preservesMargins_;
+  bool stacked_ = false;
   UITableViewCellAccessoryType accessoryType_ = UITableViewCellAccessoryType::kNone;
   UITableViewCellPosition position_ = UITableViewCellPosition::kSingle;
 };

@@ -16,7 +16,7 @@ QtObject {
     // Laid over what is pressed: over a plain row it gives #d9d9d9, in the dark #3a3a3c.
     readonly property color pressedShade: dark ? "#22ffffff" : "#26000000"
     readonly property color chevronColor: dark ? "#5a5a5f" : "#c7c7cc"
-    readonly property color placeholderColor: dark ? "#636368" : "#c7c7cd"
+    readonly property color placeholderColor: dark ? "#7c7c82" : "#c7c7cd"
     readonly property color focusColor: tint
     readonly property color scrollBarColor: dark ? "#80ffffff" : "#80000000"
     readonly property real focusWidth: 2

@@ -108,6 +108,18 @@ TEST_F(LargeTextTest, TheValueStandsBelowATitleThatLeavesItNoRoomAndNeitherIsCut
   }
 }
 
+TEST_F(LargeTextTest, ARowThatGetsTheRoomStandsInOneLineAgain) {
+  const auto cell = laidOut("Systemwide Call Style", "Show always", 320,
+                            UITableViewCellAccessoryType::kDisclosureIndicator);
+  layOut(*cell, 320);
+  EXPECT_EQ(cell->textLabel()->numberOfLines(), 0);
+  layOut(*cell, 900);
+  EXPECT_EQ(cell->textLabel()->numberOfLines(), 1);
+  EXPECT_EQ(cell->detailTextLabel()->numberOfLines(), 1);
+  EXPECT_EQ(cell->detailTextLabel()->textAlignment(), NSTextAlignment::kRight);
+  EXPECT_EQ(cell->textLabel()->frame().origin.y, cell->detailTextLabel()->frame().origin.y);
+}
+
 TEST_F(LargeTextTest, AtTheUsualSizeARowIsLaidOutInOneLine) {
   choose(UIContentSizeCategory::kLarge);
   const auto cell = laidOut("Systemwide Call Style in a long title", "Show always", 320,
