@@ -19,7 +19,9 @@ class CommandLine(unittest.TestCase):
         for arguments in (["--bogus"], ["word"], ["--size", "tall"], ["--size", "1x1"],
                           ["--size", "99999x600"], ["--scale", "nan"], ["--scale", "0"],
                           ["--renderer", "crayon"], ["--effects", "some"],
-                          ["--effects", "real", "--screenshot", "a"], ["--bundle", "/no/such.bundle"],
+                          ["--effects", "real", "--screenshot", "a"], ["--appearance", "pink"],
+                          ["--text-size", "huge"], ["--motion", ""], ["--direction", "up"],
+                          ["--bundle", "/no/such.bundle"],
                           ["--screenshot", ""], ["--root", ""],
                           ["--screenshot", "a", "--tour", "b"]):
             with self.subTest(arguments=arguments):
@@ -29,7 +31,8 @@ class CommandLine(unittest.TestCase):
         result = program.run("--help")
         self.assertEqual(result.returncode, 0)
         for option in ("root", "bundle", "pane", "entry-badge", "size", "scale", "screenshot",
-                       "tour", "renderer", "effects", "help", "version"):
+                       "tour", "renderer", "appearance", "text-size", "motion", "direction",
+                       "effects", "help", "version"):
             self.assertIn("--" + option, result.stdout)
 
     def test_version_is_one_line(self):
