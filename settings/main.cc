@@ -17,6 +17,7 @@
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/Syslog.h"
 #include "linux/SystemClock.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
@@ -33,6 +34,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/WindowRefresh.h"
 #include "tools/version.h"
 
 namespace {
@@ -141,6 +143,7 @@ int run(const Options& options) {
   const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
+  const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
   const auto effects = effectsFor(options);
   installServices({
       .clock = std::make_shared<SystemClock>(),
@@ -151,6 +154,8 @@ int run(const Options& options) {
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .displayRefresh = refresh,
+      .log = std::make_shared<Syslog>("quietdial-settings"),
   });
   registerClasses(platformClasses());
 
@@ -169,6 +174,7 @@ int run(const Options& options) {
     return paths->forReading(path).value_or("");
   };
   SettingsWindow window(*sheets, resolve, options.size);
+  window.follow(*refresh);
   window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));
