@@ -5,6 +5,9 @@
 #include <QStringList>
 #include <string>
 
+#include "platform/uikit/UIApplication.h"
+#include "settings/Appearance.h"
+
 /// What the command line asks for.
 struct Options {
   enum class Ask { Run, Help, Version, Error };
@@ -27,6 +30,10 @@ struct Options {
   QString tour;
   Renderer renderer = Renderer::Software;
   Effects effects = Effects::Real;  // None for pictures
+  Appearance::Scheme scheme = Appearance::Scheme::System;
+  Appearance::Motion motion = Appearance::Motion::System;
+  Appearance::Direction direction = Appearance::Direction::System;
+  UIContentSizeCategory textSize = UIContentSizeCategory::kLarge;
 
   bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
 

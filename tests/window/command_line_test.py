@@ -19,7 +19,9 @@ class CommandLine(unittest.TestCase):
         for arguments in (["--bogus"], ["word"], ["--size", "tall"], ["--size", "1x1"],
                           ["--size", "99999x600"], ["--scale", "nan"], ["--scale", "0"],
                           ["--renderer", "crayon"], ["--effects", "some"],
-                          ["--effects", "real", "--screenshot", "a"], ["--bundle", "/no/such.bundle"],
+                          ["--effects", "real", "--screenshot", "a"], ["--appearance", "pink"],
+                          ["--text-size", "huge"], ["--motion", ""], ["--direction", "up"],
+                          ["--bundle", "/no/such.bundle"],
                           ["--screenshot", ""], ["--root", ""], ["--gif", ""],
                           ["--refresh-rate", "0"], ["--refresh-rate", "fast"],
                           ["--screenshot", "a", "--tour", "b"]):
@@ -30,7 +32,8 @@ class CommandLine(unittest.TestCase):
         result = program.run("--help")
         self.assertEqual(result.returncode, 0)
         for option in ("root", "bundle", "pane", "entry-badge", "size", "scale", "screenshot",
-                       "tour", "renderer", "effects", "gif", "refresh-rate", "help", "version"):
+                       "tour", "renderer", "appearance", "text-size", "motion", "direction",
+                       "effects", "gif", "refresh-rate", "help", "version"):
             self.assertIn("--" + option, result.stdout)
 
     def test_a_file_that_cannot_be_played_is_told_in_one_sentence(self):

@@ -255,6 +255,14 @@ TEST_F(RootPaneTest, TheLastLoadedPaneIsPublishedWeakly) {
   pane.reset();
   EXPECT_TRUE(preferencesListController->expired());
   EXPECT_TRUE(navigationItem->expired());
+
+  // What outside code has once looked up stays the place to look at.
+  auto* const place = preferencesListController;
+  auto* const itemPlace = navigationItem;
+  pane = open<QDPreferencesListController>();
+  EXPECT_EQ(preferencesListController, place);
+  EXPECT_EQ(navigationItem, itemPlace);
+  EXPECT_EQ(place->lock(), pane);
 }
 
 TEST_F(RootPaneTest, ARowWhosePaneIsNotThereOpensAPageThatNamesTheClass) {
