@@ -1,5 +1,8 @@
 #include <array>
 
+#include "animated/FLAnimatedImage.h"
+#include "animated/FLAnimatedImageView.h"
+#include "animated/FLWeakProxy.h"
 #include "core/export.h"
 #include "platform/foundation/ClassDescription.h"
 #include "prefix/QDCountryPrefixController.h"
@@ -10,7 +13,10 @@
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 5> kClasses{
+constexpr std::array<const ClassDescription*, 8> kClasses{
+    &FLAnimatedImage::classObject,
+    &FLAnimatedImageView::classObject,
+    &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,

@@ -113,6 +113,16 @@ class SheetPresenter {
   virtual void show(const std::shared_ptr<UIAlertView>& alert) = 0;
 };
 
+/// The refreshes of the screen.
+class DisplayRefresh {
+ public:
+  virtual ~DisplayRefresh() = default;
+  /// While wanted, and while the screen shows the program, the service calls
+  /// CADisplayLink::screenDidRefresh on the main thread once for each refresh of the screen. While
+  /// not wanted it does nothing at all.
+  virtual void setWanted(bool wanted) = 0;
+};
+
 struct Services {
   std::shared_ptr<Clock> clock;
   std::shared_ptr<FileService> files;
@@ -123,6 +133,7 @@ struct Services {
   std::shared_ptr<PictureService> pictures;
   std::shared_ptr<SheetPresenter> sheets;
   std::shared_ptr<SystemLog> log;
+  std::shared_ptr<DisplayRefresh> displayRefresh;
 };
 
 /// Main thread, before the first use of anything else; every member set.

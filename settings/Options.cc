@@ -10,6 +10,8 @@ constexpr int kSmallest = 200;
 constexpr int kLargest = 4000;
 constexpr double kSmallestScale = 0.5;
 constexpr double kLargestScale = 8;
+constexpr double kLowestRate = 1;
+constexpr double kHighestRate = 1000;
 
 Options wrong(const QString& message) {
   Options options;
@@ -44,6 +46,9 @@ Options Options::parse(const QStringList& arguments) {
   const QCommandLineOption size(
       text("size"), text("Size of the window in points. Default: 375x667."), text("WxH"));
   const QCommandLineOption scale(text("scale"), text("Pixels a point."), text("N"));
+  const QCommandLineOption refreshRate(
+      text("refresh-rate"), text("Refreshes of the screen a second, where it does not know."),
+      text("N"));
   const QCommandLineOption screenshot(
       text("screenshot"), text("Write what is shown as a PNG file and end. Needs no display."),
       text("FILE"));
@@ -59,8 +64,8 @@ Options Options::parse(const QStringList& arguments) {
 
   QCommandLineParser parser;
   parser.setApplicationDescription(text("The Settings application, with QuietDial's panes."));
-  parser.addOptions(
-      {root, bundle, pane, badge, size, scale, screenshot, tour, renderer, help, version});
+  parser.addOptions({root, bundle, pane, badge, size, scale, refreshRate, screenshot, tour,
+                     renderer, help, version});
   if (!parser.parse(arguments)) {
     return wrong(parser.errorText());
   }
@@ -109,6 +114,14 @@ Options Options::parse(const QStringList& arguments) {
     if (!isNumber || !(options.scale >= kSmallestScale && options.scale <= kLargestScale)) {
       return wrong(
           text("--scale is a number from %1 to %2.").arg(kSmallestScale).arg(kLargestScale));
+    }
+  }
+  if (parser.isSet(refreshRate)) {
+    bool isNumber = false;
+    options.refreshRate = parser.value(refreshRate).toDouble(&isNumber);
+    if (!isNumber || !(options.refreshRate >= kLowestRate && options.refreshRate <= kHighestRate)) {
+      return wrong(
+          text("--refresh-rate is a number from %1 to %2.").arg(kLowestRate).arg(kHighestRate));
     }
   }
   if (parser.isSet(renderer)) {

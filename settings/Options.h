@@ -19,7 +19,8 @@ struct Options {
   QString entryBadge;
   bool hasEntryBadge = false;
   QSize size{375, 667};
-  double scale = 0;  // 0: the screen's
+  double scale = 0;        // 0: the screen's
+  double refreshRate = 0;  // 0: the screen's
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;

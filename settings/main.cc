@@ -30,6 +30,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/WindowRefresh.h"
 #include "tools/version.h"
 
 namespace {
@@ -120,6 +121,7 @@ int run(const Options& options) {
   const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
+  const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
@@ -130,6 +132,7 @@ int run(const Options& options) {
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
       .log = std::make_shared<Syslog>("quietdial-settings"),
+      .displayRefresh = refresh,
   });
   registerClasses(platformClasses());
 
@@ -148,6 +151,7 @@ int run(const Options& options) {
     return paths->forReading(path).value_or("");
   };
   SettingsWindow window(*sheets, resolve, options.size);
+  window.follow(*refresh);
   window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));

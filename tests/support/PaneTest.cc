@@ -21,11 +21,14 @@ PaneTest::PaneTest() {
       .pictures = pictures,
       .sheets = sheets,
       .log = std::make_shared<RecordingLog>(recorder, nullptr),
+      .displayRefresh = displayRefresh,
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();
   inner = allocInit<UINavigationController>();
   outer->pushViewControllerAnimated(inner, false);
+  window = allocInit<UIWindow>();
+  window->setRootViewController(outer);
 }
 
 void PaneTest::layOut() {

@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
 #include "headless/RecordingLog.h"
@@ -138,6 +139,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto recorder = std::make_shared<Recorder>();
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
+  const auto displayRefresh = std::make_shared<ManualDisplayRefresh>();
   const auto effects = arguments.effects == "real" ? realEffects() : Effects{};
   installServices({
       .clock = clock,
@@ -152,6 +154,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
       .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
+      .displayRefresh = displayRefresh,
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
@@ -165,7 +168,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   if (effects.notifications) {
     options.exchangeNotifications = [bus = effects.notifications] { bus->process(); };
   }
-  DriveSession session(std::move(options), module, clock, recorder, sheets);
+  DriveSession session(std::move(options), module, clock, recorder, sheets, displayRefresh);
   LineReader lines(in, kLongestLine);
   std::string line;
   while (!session.hasEnded()) {

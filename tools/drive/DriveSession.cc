@@ -7,9 +7,10 @@
 #include <utility>
 
 #include "core/preferenceStore.h"
-#include "platform/foundation/MainQueue.h"
+#include "headless/drainAllQueues.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/services.h"
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UISegmentedControl.h"
 #include "prefix/prefixes.h"
@@ -85,15 +86,19 @@ Json success() {
 
 DriveSession::DriveSession(Options options, const BundleModule& module,
                            std::shared_ptr<ManualClock> clock, std::shared_ptr<Recorder> recorder,
-                           std::shared_ptr<RecordingSheets> sheets)
+                           std::shared_ptr<RecordingSheets> sheets,
+                           std::shared_ptr<ManualDisplayRefresh> displayRefresh)
     : options_(std::move(options)),
       module_(module),
       clock_(std::move(clock)),
       recorder_(std::move(recorder)),
       sheets_(std::move(sheets)),
+      displayRefresh_(std::move(displayRefresh)),
+      window_(allocInit<UIWindow>()),
       outer_(allocInit<UINavigationController>()),
       inner_(allocInit<UINavigationController>()) {
   outer_->pushViewControllerAnimated(inner_, false);
+  window_->setRootViewController(outer_);
 }
 
 Json DriveSession::answer(const std::string& line) {
@@ -291,9 +296,14 @@ Json DriveSession::resize(const Json& request) {
 }
 
 Json DriveSession::refresh(const Json& request) {
-  indexMember(request, "count");
-  numberMember(request, "duration", 0, 3600);
-  throw Refusal("No pane of this version shows anything that moves with the display.");
+  const int count = indexMember(request, "count");
+  const double duration = numberMember(request, "duration", 0, 3600);
+  requireTopPane();
+  for (int refresh = 0; refresh < count; ++refresh) {
+    settle();
+    displayRefresh_->refresh(duration);
+  }
+  return success();
 }
 
 Json DriveSession::advance(const Json& request) {
@@ -302,7 +312,8 @@ Json DriveSession::advance(const Json& request) {
 }
 
 Json DriveSession::memoryWarning(const Json& /*request*/) {
-  throw Refusal("No pane of this version keeps anything that a memory warning would free.");
+  UIApplication::sharedApplication().didReceiveMemoryWarning();
+  return success();
 }
 
 Json DriveSession::settings(const Json& /*request*/) {
@@ -347,7 +358,7 @@ void DriveSession::settle() {
   if (options_.exchangeNotifications) {
     options_.exchangeNotifications();
   }
-  MainQueue::shared().drain();
+  drainAllQueues();
   if (options_.exchangeNotifications) {
     options_.exchangeNotifications();
   }
