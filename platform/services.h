@@ -132,8 +132,8 @@ struct Services {
   std::shared_ptr<TextMeasurer> text;
   std::shared_ptr<PictureService> pictures;
   std::shared_ptr<SheetPresenter> sheets;
-  std::shared_ptr<SystemLog> log;
   std::shared_ptr<DisplayRefresh> displayRefresh;
+  std::shared_ptr<SystemLog> log;
 };
 
 /// Main thread, before the first use of anything else; every member set.

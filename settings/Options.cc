@@ -59,13 +59,18 @@ Options Options::parse(const QStringList& arguments) {
       text("DIR"));
   const QCommandLineOption renderer(
       text("renderer"), text("How the window is drawn: software (default) or gpu."), text("NAME"));
+  const QCommandLineOption effects(
+      text("effects"),
+      text("real (default): a change restarts the dialler's processes and other processes are told "
+           "of it; none: it is only stored, as always for pictures."),
+      text("NAME"));
   const QCommandLineOption help({text("h"), text("help")}, text("Show this text."));
   const QCommandLineOption version({text("v"), text("version")}, text("Show the version."));
 
   QCommandLineParser parser;
   parser.setApplicationDescription(text("The Settings application, with QuietDial's panes."));
   parser.addOptions({root, bundle, pane, badge, size, scale, refreshRate, screenshot, tour,
-                     renderer, help, version});
+                     renderer, effects, help, version});
   if (!parser.parse(arguments)) {
     return wrong(parser.errorText());
   }
@@ -131,6 +136,19 @@ Options Options::parse(const QStringList& arguments) {
     } else if (name != text("software")) {
       return wrong(text("--renderer is software or gpu."));
     }
+  }
+  if (parser.isSet(effects)) {
+    const QString name = parser.value(effects);
+    if (name != text("real") && name != text("none")) {
+      return wrong(text("--effects is real or none."));
+    }
+    if (name == text("real") && options.isPicture()) {
+      return wrong(text("Pictures have no effects."));
+    }
+    options.effects = name == text("none") ? Effects::None : Effects::Real;
+  }
+  if (options.isPicture()) {
+    options.effects = Effects::None;
   }
   return options;
 }

@@ -9,6 +9,7 @@
 struct Options {
   enum class Ask { Run, Help, Version, Error };
   enum class Renderer { Software, Gpu };
+  enum class Effects { Real, None };
 
   Ask ask = Ask::Run;
   QString message;  // the help text, or what is wrong
@@ -24,6 +25,7 @@ struct Options {
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;
+  Effects effects = Effects::Real;  // None for pictures
 
   bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
 

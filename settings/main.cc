@@ -11,18 +11,22 @@
 #include <string>
 #include <vector>
 
+#include "linux/DBusNotifications.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
+#include "linux/PosixProcessService.h"
 #include "linux/Syslog.h"
 #include "linux/SystemClock.h"
 #include "platform/classes.h"
+#include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
 #include "settings/AccessibleItemInterface.h"
 #include "settings/BundleEntry.h"
 #include "settings/BundleLoader.h"
+#include "settings/NotificationsHost.h"
 #include "settings/Options.h"
 #include "settings/QtTextMeasurer.h"
 #include "settings/SettingsListController.h"
@@ -60,6 +64,24 @@ class NoProcesses final : public ProcessService {
  private:
   int lastPid_ = 0;
 };
+
+// What changes lead to outside of this program.
+struct Effects {
+  std::shared_ptr<NotificationBroadcaster> notifications;
+  std::shared_ptr<ProcessService> processes;
+  std::unique_ptr<NotificationsHost> host;
+};
+
+Effects effectsFor(const Options& options) {
+  if (options.effects == Options::Effects::None) {
+    return {std::make_shared<NoBroadcast>(), std::make_shared<NoProcesses>(), nullptr};
+  }
+  const auto notifications = std::make_shared<DBusNotifications>([](const std::string& name) {
+    CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
+  });
+  return {notifications, std::make_shared<PosixProcessService>(),
+          std::make_unique<NotificationsHost>(notifications)};
+}
 
 int complain(const QString& sentence, int status) {
   std::fprintf(stderr, "quietdial-settings: %s\n", qPrintable(sentence));
@@ -122,17 +144,18 @@ int run(const Options& options) {
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
   const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
+  const auto effects = effectsFor(options);
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
-      .notifications = std::make_shared<NoBroadcast>(),
-      .processes = std::make_shared<NoProcesses>(),
+      .notifications = effects.notifications,
+      .processes = effects.processes,
       .addresses = std::make_shared<DesktopAddressOpener>(),
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
-      .log = std::make_shared<Syslog>("quietdial-settings"),
       .displayRefresh = refresh,
+      .log = std::make_shared<Syslog>("quietdial-settings"),
   });
   registerClasses(platformClasses());
 

@@ -20,8 +20,8 @@ PaneTest::PaneTest() {
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
-      .log = std::make_shared<RecordingLog>(recorder, nullptr),
       .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();

@@ -153,8 +153,8 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
-      .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
       .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
