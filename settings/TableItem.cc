@@ -111,12 +111,14 @@ void TableItem::makeCurrent(TableCellItem* row) {
 }
 
 void TableItem::followFocus() {
-  for (auto* item = window() ? window()->activeFocusItem() : nullptr; item && item != this;
-       item = item->parentItem()) {
+  auto* focused = window() ? window()->activeFocusItem() : nullptr;
+  for (auto* item = focused; item && item != this; item = item->parentItem()) {
     auto* row = qobject_cast<TableCellItem*>(item);
     if (row && row->ancestor<TableItem>() == this) {
       makeCurrent(row);
-      emit revealRequested(row->y(), row->height());
+      // A row may be higher than the page; what the keyboard is on has to be in sight.
+      const QRectF place = focused->mapRectToItem(row, QRectF(QPointF(), focused->size()));
+      emit revealRequested(row->y() + place.y(), place.height());
       return;
     }
   }
