@@ -1,17 +1,27 @@
 #include <array>
 
+#include "animated/FLAnimatedImage.h"
+#include "animated/FLAnimatedImageView.h"
+#include "animated/FLWeakProxy.h"
 #include "core/export.h"
 #include "platform/foundation/ClassDescription.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
 #include "root/QDPreferencesListController.h"
+#include "styles/QDButtonPickerCell.h"
+#include "styles/QDButtonStyleSelectionController.h"
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 3> kClasses{
+constexpr std::array<const ClassDescription*, 8> kClasses{
+    &FLAnimatedImage::classObject,
+    &FLAnimatedImageView::classObject,
+    &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
+    &QDButtonStyleSelectionController::classObject,
+    &QDButtonPickerCell::classObject,
 };
 
 }  // namespace

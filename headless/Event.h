@@ -71,5 +71,10 @@ struct DismissEvent {
   bool operator==(const DismissEvent&) const = default;
 };
 
+struct LogEvent {
+  std::string line;
+  bool operator==(const LogEvent&) const = default;
+};
+
 using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, CanOpenEvent, OpenEvent,
-                           AlertEvent, PresentComposeEvent, DismissEvent>;
+                           AlertEvent, PresentComposeEvent, DismissEvent, LogEvent>;

@@ -10,6 +10,8 @@ constexpr int kSmallest = 200;
 constexpr int kLargest = 4000;
 constexpr double kSmallestScale = 0.5;
 constexpr double kLargestScale = 8;
+constexpr double kLowestRate = 1;
+constexpr double kHighestRate = 1000;
 
 Options wrong(const QString& message) {
   Options options;
@@ -44,6 +46,9 @@ Options Options::parse(const QStringList& arguments) {
   const QCommandLineOption size(
       text("size"), text("Size of the window in points. Default: 375x667."), text("WxH"));
   const QCommandLineOption scale(text("scale"), text("Pixels a point."), text("N"));
+  const QCommandLineOption refreshRate(
+      text("refresh-rate"), text("Refreshes of the screen a second, where it does not know."),
+      text("N"));
   const QCommandLineOption screenshot(
       text("screenshot"), text("Write what is shown as a PNG file and end. Needs no display."),
       text("FILE"));
@@ -54,13 +59,18 @@ Options Options::parse(const QStringList& arguments) {
       text("DIR"));
   const QCommandLineOption renderer(
       text("renderer"), text("How the window is drawn: software (default) or gpu."), text("NAME"));
+  const QCommandLineOption effects(
+      text("effects"),
+      text("real (default): a change restarts the dialler's processes and other processes are told "
+           "of it; none: it is only stored, as always for pictures."),
+      text("NAME"));
   const QCommandLineOption help({text("h"), text("help")}, text("Show this text."));
   const QCommandLineOption version({text("v"), text("version")}, text("Show the version."));
 
   QCommandLineParser parser;
   parser.setApplicationDescription(text("The Settings application, with QuietDial's panes."));
-  parser.addOptions(
-      {root, bundle, pane, badge, size, scale, screenshot, tour, renderer, help, version});
+  parser.addOptions({root, bundle, pane, badge, size, scale, refreshRate, screenshot, tour,
+                     renderer, effects, help, version});
   if (!parser.parse(arguments)) {
     return wrong(parser.errorText());
   }
@@ -111,6 +121,14 @@ Options Options::parse(const QStringList& arguments) {
           text("--scale is a number from %1 to %2.").arg(kSmallestScale).arg(kLargestScale));
     }
   }
+  if (parser.isSet(refreshRate)) {
+    bool isNumber = false;
+    options.refreshRate = parser.value(refreshRate).toDouble(&isNumber);
+    if (!isNumber || !(options.refreshRate >= kLowestRate && options.refreshRate <= kHighestRate)) {
+      return wrong(
+          text("--refresh-rate is a number from %1 to %2.").arg(kLowestRate).arg(kHighestRate));
+    }
+  }
   if (parser.isSet(renderer)) {
     const QString name = parser.value(renderer);
     if (name == text("gpu")) {
@@ -118,6 +136,19 @@ Options Options::parse(const QStringList& arguments) {
     } else if (name != text("software")) {
       return wrong(text("--renderer is software or gpu."));
     }
+  }
+  if (parser.isSet(effects)) {
+    const QString name = parser.value(effects);
+    if (name != text("real") && name != text("none")) {
+      return wrong(text("--effects is real or none."));
+    }
+    if (name == text("real") && options.isPicture()) {
+      return wrong(text("Pictures have no effects."));
+    }
+    options.effects = name == text("none") ? Effects::None : Effects::Real;
+  }
+  if (options.isPicture()) {
+    options.effects = Effects::None;
   }
   return options;
 }

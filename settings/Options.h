@@ -9,6 +9,7 @@
 struct Options {
   enum class Ask { Run, Help, Version, Error };
   enum class Renderer { Software, Gpu };
+  enum class Effects { Real, None };
 
   Ask ask = Ask::Run;
   QString message;  // the help text, or what is wrong
@@ -19,10 +20,12 @@ struct Options {
   QString entryBadge;
   bool hasEntryBadge = false;
   QSize size{375, 667};
-  double scale = 0;  // 0: the screen's
+  double scale = 0;        // 0: the screen's
+  double refreshRate = 0;  // 0: the screen's
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;
+  Effects effects = Effects::Real;  // None for pictures
 
   bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
 

@@ -58,6 +58,16 @@ SettingsWindow::~SettingsWindow() {
   view_.removeEventFilter(this);
 }
 
+void SettingsWindow::follow(WindowRefresh& refresh) {
+  refresh.follow(view_);
+  // What a refresh has changed is seen in the same frame.
+  connect(&refresh, &WindowRefresh::refreshed, &mirror_, [this] {
+    if (mirror_.isPending()) {
+      mirror_.commit();
+    }
+  });
+}
+
 void SettingsWindow::show() {
   view_.show();
   view_.requestActivate();

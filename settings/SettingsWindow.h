@@ -12,6 +12,7 @@
 #include "settings/PictureProvider.h"
 #include "settings/Sheets.h"
 #include "settings/ViewMirror.h"
+#include "settings/WindowRefresh.h"
 
 /// The application's window and all that keeps it up to date. Main thread.
 class SettingsWindow : public QObject {
@@ -24,6 +25,9 @@ class SettingsWindow : public QObject {
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 
   Navigation& navigation() { return navigation_; }
+
+  /// What moves follows these refreshes, which follow the window.
+  void follow(WindowRefresh& refresh);
 
   void show();
   /// As the user closes it: what is being typed is kept.

@@ -11,17 +11,22 @@
 #include <string>
 #include <vector>
 
+#include "linux/DBusNotifications.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
+#include "linux/PosixProcessService.h"
+#include "linux/Syslog.h"
 #include "linux/SystemClock.h"
 #include "platform/classes.h"
+#include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
 #include "settings/AccessibleItemInterface.h"
 #include "settings/BundleEntry.h"
 #include "settings/BundleLoader.h"
+#include "settings/NotificationsHost.h"
 #include "settings/Options.h"
 #include "settings/QtTextMeasurer.h"
 #include "settings/SettingsListController.h"
@@ -29,6 +34,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/WindowRefresh.h"
 #include "tools/version.h"
 
 namespace {
@@ -58,6 +64,24 @@ class NoProcesses final : public ProcessService {
  private:
   int lastPid_ = 0;
 };
+
+// What changes lead to outside of this program.
+struct Effects {
+  std::shared_ptr<NotificationBroadcaster> notifications;
+  std::shared_ptr<ProcessService> processes;
+  std::unique_ptr<NotificationsHost> host;
+};
+
+Effects effectsFor(const Options& options) {
+  if (options.effects == Options::Effects::None) {
+    return {std::make_shared<NoBroadcast>(), std::make_shared<NoProcesses>(), nullptr};
+  }
+  const auto notifications = std::make_shared<DBusNotifications>([](const std::string& name) {
+    CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
+  });
+  return {notifications, std::make_shared<PosixProcessService>(),
+          std::make_unique<NotificationsHost>(notifications)};
+}
 
 int complain(const QString& sentence, int status) {
   std::fprintf(stderr, "quietdial-settings: %s\n", qPrintable(sentence));
@@ -119,15 +143,19 @@ int run(const Options& options) {
   const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
+  const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
+  const auto effects = effectsFor(options);
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
-      .notifications = std::make_shared<NoBroadcast>(),
-      .processes = std::make_shared<NoProcesses>(),
+      .notifications = effects.notifications,
+      .processes = effects.processes,
       .addresses = std::make_shared<DesktopAddressOpener>(),
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .displayRefresh = refresh,
+      .log = std::make_shared<Syslog>("quietdial-settings"),
   });
   registerClasses(platformClasses());
 
@@ -146,6 +174,7 @@ int run(const Options& options) {
     return paths->forReading(path).value_or("");
   };
   SettingsWindow window(*sheets, resolve, options.size);
+  window.follow(*refresh);
   window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));

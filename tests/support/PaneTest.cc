@@ -2,6 +2,7 @@
 
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/TableTextMeasurer.h"
@@ -19,11 +20,15 @@ PaneTest::PaneTest() {
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
+      .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();
   inner = allocInit<UINavigationController>();
   outer->pushViewControllerAnimated(inner, false);
+  window = allocInit<UIWindow>();
+  window->setRootViewController(outer);
 }
 
 void PaneTest::layOut() {

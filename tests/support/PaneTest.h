@@ -8,9 +8,11 @@
 #include <gtest/gtest.h>
 
 #include "headless/ManualClock.h"
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingSheets.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIWindow.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/MemoryPictures.h"
 
@@ -60,6 +62,8 @@ class PaneTest : public testing::Test {
   std::shared_ptr<MemoryPictures> pictures = std::make_shared<MemoryPictures>();
   std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
   std::shared_ptr<RecordingSheets> sheets = std::make_shared<RecordingSheets>(recorder);
+  std::shared_ptr<ManualDisplayRefresh> displayRefresh = std::make_shared<ManualDisplayRefresh>();
+  std::shared_ptr<UIWindow> window;
   std::shared_ptr<UINavigationController> outer;
   std::shared_ptr<UINavigationController> inner;
 };

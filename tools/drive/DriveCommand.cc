@@ -8,8 +8,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/TableTextMeasurer.h"
@@ -20,6 +22,7 @@
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/StandardErrorLog.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "tools/drive/DriveSession.h"
@@ -136,6 +139,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto recorder = std::make_shared<Recorder>();
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
+  const auto displayRefresh = std::make_shared<ManualDisplayRefresh>();
   const auto effects = arguments.effects == "real" ? realEffects() : Effects{};
   installServices({
       .clock = clock,
@@ -149,6 +153,8 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
@@ -162,7 +168,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   if (effects.notifications) {
     options.exchangeNotifications = [bus = effects.notifications] { bus->process(); };
   }
-  DriveSession session(std::move(options), module, clock, recorder, sheets);
+  DriveSession session(std::move(options), module, clock, recorder, sheets, displayRefresh);
   LineReader lines(in, kLongestLine);
   std::string line;
   while (!session.hasEnded()) {
