@@ -10,16 +10,24 @@
 #include "root/QDPreferencesListController.h"
 #include "styles/QDButtonPickerCell.h"
 #include "styles/QDButtonStyleSelectionController.h"
+#include "styles/QDDialerStyleSelectionController.h"
+#include "styles/QDDialerTabStyleCell.h"
+#include "styles/QDSystemwideStyleCell.h"
+#include "styles/QDSystemwideStyleSelectionController.h"
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 8> kClasses{
+constexpr std::array<const ClassDescription*, 12> kClasses{
     &FLAnimatedImage::classObject,
     &FLAnimatedImageView::classObject,
     &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
+    &QDDialerStyleSelectionController::classObject,
+    &QDDialerTabStyleCell::classObject,
+    &QDSystemwideStyleSelectionController::classObject,
+    &QDSystemwideStyleCell::classObject,
     &QDButtonStyleSelectionController::classObject,
     &QDButtonPickerCell::classObject,
 };

@@ -76,6 +76,7 @@ Options Options::parse(const QStringList& arguments) {
       text("bundle"), text("Use this bundle folder instead of the installed ones."), text("DIR"));
   const QCommandLineOption pane(text("pane"), text("Open the pane of this class at once."),
                                 text("CLASS"));
+  const QCommandLineOption gif(text("gif"), text("Play this animated picture."), text("FILE"));
   const QCommandLineOption badge(
       text("entry-badge"), text("The badge of the bundle's row on the first page."), text("TEXT"));
   const QCommandLineOption size(
@@ -120,7 +121,7 @@ Options Options::parse(const QStringList& arguments) {
 
   QCommandLineParser parser;
   parser.setApplicationDescription(text("The Settings application, with QuietDial's panes."));
-  parser.addOptions({root, bundle, pane, badge, size, scale, refreshRate, appearance, textSize,
+  parser.addOptions({root, bundle, pane, gif, badge, size, scale, refreshRate, appearance, textSize,
                      motion, direction, screenshot, tour, renderer, effects, help, version});
   if (!parser.parse(arguments)) {
     return wrong(parser.errorText());
@@ -139,7 +140,7 @@ Options Options::parse(const QStringList& arguments) {
   if (!parser.positionalArguments().isEmpty()) {
     return wrong(text("Unknown argument '%1'.").arg(parser.positionalArguments().front()));
   }
-  for (const auto* given : {&root, &bundle, &pane, &screenshot, &tour}) {
+  for (const auto* given : {&root, &bundle, &pane, &gif, &screenshot, &tour}) {
     if (parser.isSet(*given) && parser.value(*given).isEmpty()) {
       return wrong(text("--%1 needs a value.").arg(given->names().front()));
     }
@@ -148,6 +149,7 @@ Options Options::parse(const QStringList& arguments) {
   options.bundle = parser.isSet(bundle) ? QDir::cleanPath(parser.value(bundle)) : QString();
   options.pane = parser.value(pane);
   options.hasEntryBadge = parser.isSet(badge);
+  options.gif = parser.value(gif);
   options.entryBadge = parser.value(badge);
   options.screenshot = parser.value(screenshot);
   options.tour = parser.value(tour);

@@ -25,6 +25,7 @@ struct Options {
   QSize size{375, 667};
   double scale = 0;        // 0: the screen's
   double refreshRate = 0;  // 0: the screen's
+  QString gif;
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;

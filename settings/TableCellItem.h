@@ -36,7 +36,7 @@ class TableCellItem : public ViewItem {
   qreal separatorRight() const { return separatorRight_; }
   const QString& title() const { return title_; }
 
-  /// Whether the keyboard stops here: the row can be pressed or holds a field.
+  /// Whether the keyboard stops here: the row can be pressed or holds a control.
   bool isStop() const;
 
   QAccessible::Role accessibleRole() const override;
@@ -64,4 +64,5 @@ class TableCellItem : public ViewItem {
   bool opensGroup_ = true;
   bool closesGroup_ = true;
   bool isChoice_ = false;
+  bool holdsAlternatives_ = false;
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/foundation/NSRunLoop.h"
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UITableView.h"
 #include "settings/TableCellItem.h"
@@ -21,6 +22,19 @@ constexpr qreal kPagePart = 0.8;
 
 TableItem::TableItem(QQuickItem* parent) : ViewItem(parent) {
   setFlag(ItemIsFocusScope);
+}
+
+TableItem::~TableItem() {
+  setScrolling(false);
+}
+
+void TableItem::setScrolling(bool scrolling) {
+  if (scrolling == scrolling_) {
+    return;
+  }
+  scrolling_ = scrolling;
+  NSRunLoop::mainRunLoop().setCurrentMode(scrolling ? UITrackingRunLoopMode : NSDefaultRunLoopMode);
+  emit scrollingChanged();
 }
 
 void TableItem::tapRow(const UITableViewCell& cell) {
@@ -97,12 +111,14 @@ void TableItem::makeCurrent(TableCellItem* row) {
 }
 
 void TableItem::followFocus() {
-  for (auto* item = window() ? window()->activeFocusItem() : nullptr; item && item != this;
-       item = item->parentItem()) {
+  auto* focused = window() ? window()->activeFocusItem() : nullptr;
+  for (auto* item = focused; item && item != this; item = item->parentItem()) {
     auto* row = qobject_cast<TableCellItem*>(item);
     if (row && row->ancestor<TableItem>() == this) {
       makeCurrent(row);
-      emit revealRequested(row->y(), row->height());
+      // A row may be higher than the page; what the keyboard is on has to be in sight.
+      const QRectF place = focused->mapRectToItem(row, QRectF(QPointF(), focused->size()));
+      emit revealRequested(row->y() + place.y(), place.height());
       return;
     }
   }

@@ -14,6 +14,7 @@
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
+#include "platform/uikit/UISegmentedControl.h"
 #include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
@@ -31,11 +32,12 @@ struct Kind {
 };
 
 // The QML type that shows a view: that of its class or of the nearest superclass named here.
-constexpr std::array<Kind, 8> kKinds{{
+constexpr std::array<Kind, 9> kKinds{{
     {&UITableView::classObject, "TableView"},
     {&UITableViewCell::classObject, "TableCell"},
     {&UITableViewHeaderFooterView::classObject, "HeaderFooter"},
     {&UITextField::classObject, "TextField"},
+    {&UISegmentedControl::classObject, "SegmentedControl"},
     {&UIButton::classObject, "Button"},
     {&UIImageView::classObject, "ImageView"},
     {&UILabel::classObject, "Label"},

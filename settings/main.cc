@@ -1,5 +1,6 @@
 #include <QAccessible>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImage>
@@ -16,16 +17,19 @@
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
+#include "linux/LowMemoryWatch.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
 #include "linux/Syslog.h"
 #include "linux/SystemClock.h"
+#include "linux/readFile.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
 #include "platform/uikit/UIApplication.h"
 #include "settings/AccessibleItemInterface.h"
+#include "settings/AnimationController.h"
 #include "settings/Appearance.h"
 #include "settings/BundleEntry.h"
 #include "settings/BundleLoader.h"
@@ -121,6 +125,29 @@ int takeTour(Tour tour, const QString& folder) {
   return EXIT_SUCCESS;
 }
 
+// The page that plays the file; null, and a sentence in `error`, where it cannot be played.
+std::shared_ptr<AnimationController> openAnimation(const QString& file,
+                                                   const std::vector<BundleEntry>& entries,
+                                                   BundleLoader& loader, QString& error) {
+  // As much as is played of a file that the terminal program describes.
+  constexpr std::size_t kMostFileBytes = std::size_t{256} << 20;
+  const auto contents = readFile(AT_FDCWD, QFile::encodeName(file).toStdString(), kMostFileBytes);
+  if (contents.outcome != FileContents::Outcome::kRead) {
+    error = QStringLiteral("%1 cannot be read.").arg(file);
+    return nullptr;
+  }
+  for (const auto& entry : entries) {
+    loader.load(entry);
+  }
+  auto page = AnimationController::withData(
+      NSData::dataWithBytes({contents.bytes.begin(), contents.bytes.end()}),
+      QFileInfo(file).fileName().toStdString());
+  if (!page) {
+    error = QStringLiteral("%1 is no animated picture that can be played.").arg(file);
+  }
+  return page;
+}
+
 int run(const Options& options) {
   const QTemporaryDir scratch;
   QString root = options.root;
@@ -163,12 +190,21 @@ int run(const Options& options) {
     }
   }
 
+  const auto loader = std::make_shared<BundleLoader>(paths);
+  std::shared_ptr<AnimationController> animation;
+  if (!options.gif.isEmpty()) {
+    QString error;
+    animation = openAnimation(options.gif, entries, *loader, error);
+    if (!animation) {
+      return complain(error, EXIT_FAILURE);
+    }
+  }
+
   const auto resolve = [paths](const std::string& path) {
     return paths->forReading(path).value_or("");
   };
   const auto record = std::make_shared<OpeningRecord>(
       root + QStringLiteral("/User/Library/Caches/Settings/Opening"));
-  const auto loader = std::make_shared<BundleLoader>(paths);
   const auto openWindow = [&] {
     auto window = std::make_unique<SettingsWindow>(*sheets, *record, resolve, options.size);
     window->follow(*refresh);
@@ -186,11 +222,17 @@ int run(const Options& options) {
     cast<SettingsListController>(window->navigation().topPage())
         ->openPane(options.pane.toStdString());
   }
+  if (animation) {
+    window->navigation().stack().pushViewControllerAnimated(animation, false);
+  }
   int status = EXIT_SUCCESS;
   if (!options.screenshot.isEmpty()) {
     status = writePicture(*window, options.screenshot);
   } else {
     const TerminationSignals termination;
+    const LowMemoryWatch lowMemory(LowMemoryWatch::systemSources(), [] {
+      UIApplication::sharedApplication().didReceiveMemoryWarning();
+    });
     QObject::connect(&termination, &TerminationSignals::received, window.get(),
                      &SettingsWindow::close);
     window->show();

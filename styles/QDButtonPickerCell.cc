@@ -36,7 +36,7 @@ bool QDButtonPickerCell::initWithStyleReuseIdentifierSpecifier(
                                                           specifier)) {
     return false;
   }
-  key_ = specifier ? specifier->textForKey("key").value_or("") : "";
+  _key = specifier ? specifier->textForKey("key").value_or("") : "";
   makeButtons();
   buttonPressed(storedChoice());
   return true;
@@ -49,7 +49,7 @@ bool QDButtonPickerCell::initWithSpecifier(const std::shared_ptr<PSSpecifier>& s
 
 void QDButtonPickerCell::makeButtons() {
   int number = 0;
-  for (auto* field : {&image1_, &image2_, &image3_, &image4_}) {
+  for (auto* field : {&_image1, &_image2, &_image3, &_image4}) {
     const auto text = std::to_string(++number);
     auto button = allocInit<UIButton>();
     const auto image =
@@ -66,10 +66,10 @@ void QDButtonPickerCell::makeButtons() {
 }
 
 std::shared_ptr<UIButton> QDButtonPickerCell::storedChoice() {
-  const auto stored = readPreferenceValue(key_);
+  const auto stored = readPreferenceValue(_key);
   if (!stored) {
-    setPreferenceValueForKey(1, key_);
-    return image1_;
+    setPreferenceValueForKey(1, _key);
+    return _image1;
   }
   const auto all = buttons();
   const auto number = integerOrZero(stored);
@@ -87,7 +87,7 @@ void QDButtonPickerCell::buttonPressed(const std::shared_ptr<UIButton>& sender) 
   }
   const auto* const found = std::ranges::find(all, sender);
   const auto chosen = found == all.end() ? 1 : found - all.begin() + 1;
-  setPreferenceValueForKey(chosen, key_);
+  setPreferenceValueForKey(chosen, _key);
   const std::string summary = "Style " + summaryPart(readPreferenceValue(kDialKey)) + " & " +
                               summaryPart(readPreferenceValue(kSystemwideKey));
   setPreferenceValueForKey(summary, kSummaryKey);

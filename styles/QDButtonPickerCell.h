@@ -36,7 +36,7 @@ class QDButtonPickerCell : public PSTableCell {
 
   /// The four pictures, in order.
   std::array<std::shared_ptr<UIButton>, 4> buttons() const {
-    return {image1_, image2_, image3_, image4_};
+    return {_image1, _image2, _image3, _image4};
   }
 
   void layoutSubviews() override;
@@ -46,9 +46,9 @@ class QDButtonPickerCell : public PSTableCell {
   void makeButtons();
   std::shared_ptr<UIButton> storedChoice();
 
-  std::string key_;
-  std::shared_ptr<UIButton> image1_;
-  std::shared_ptr<UIButton> image2_;
-  std::shared_ptr<UIButton> image3_;
-  std::shared_ptr<UIButton> image4_;
+  std::string _key;
+  std::shared_ptr<UIButton> _image1;
+  std::shared_ptr<UIButton> _image2;
+  std::shared_ptr<UIButton> _image3;
+  std::shared_ptr<UIButton> _image4;
 };

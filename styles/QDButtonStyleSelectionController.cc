@@ -6,6 +6,7 @@
 #include "core/rowHeight.h"
 #include "platform/uikit/UILabel.h"
 #include "styles/QDButtonPickerCell.h"
+#include "styles/styleRow.h"
 
 constexpr ClassDescription QDButtonStyleSelectionController::classObject{
     "QDButtonStyleSelectionController",
@@ -24,10 +25,7 @@ std::shared_ptr<PSSpecifier> makeGroup(const char* title, const char* footer) {
 }
 
 std::shared_ptr<PSSpecifier> makePicker(const std::shared_ptr<NSObject>& pane, const char* key) {
-  auto row = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-      "", pane, "", "", "", PSTableCell::cellTypeFromString("PSDefaultCell"), "");
-  row->setPropertyForKey(&QDButtonPickerCell::classObject, "cellClass");
-  row->setPropertyForKey(PropertyListValue(true), "dynamicHeight");
+  auto row = makeStyleRow(pane, QDButtonPickerCell::classObject);
   row->setPropertyForKey(PropertyListValue(key), "key");
   return row;
 }

@@ -59,6 +59,15 @@ QtObject {
     readonly property real checkmarkHeight: 12
     readonly property real checkmarkStroke: 2
 
+    readonly property font segmentFont: Qt.font({
+        pixelSize: 13,
+        hintingPreference: Font.PreferNoHinting
+    })
+    readonly property real segmentRadius: 4
+    readonly property real segmentLine: 1
+    readonly property real segmentPressedOpacity: 0.15
+    readonly property color segmentChosenColor: "white"
+
     readonly property real pillPadding: 4
     readonly property int smallestText: 11
 
