@@ -14,6 +14,7 @@
 namespace {
 
 constexpr std::array kMethods{
+    method<&FLAnimatedImage::animatedImageWithGIFData>("animatedImageWithGIFData:"),
     method<&FLAnimatedImage::didReceiveMemoryWarning>("didReceiveMemoryWarning:"),
     method<&FLAnimatedImage::growFrameCacheSizeAfterMemoryWarning>(
         "growFrameCacheSizeAfterMemoryWarning:"),

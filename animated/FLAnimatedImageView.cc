@@ -12,6 +12,9 @@ namespace {
 constexpr std::array kMethods{
     method<&FLAnimatedImageView::displayDidRefresh>("displayDidRefresh:"),
     method<&FLAnimatedImageView::setAnimatedImage>("setAnimatedImage:"),
+    method<&FLAnimatedImageView::frameCount>("frameCount"),
+    method<&FLAnimatedImageView::currentFrameIndex>("currentFrameIndex"),
+    method<&FLAnimatedImageView::loopCountdown>("loopCountdown"),
 };
 
 constexpr NSUInteger kForEver = std::numeric_limits<NSUInteger>::max();

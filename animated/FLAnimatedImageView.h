@@ -20,6 +20,9 @@ class FLAnimatedImageView : public UIImageView {
   /// Starts from the first frame, unless it is the image that the view has already.
   void setAnimatedImage(const std::shared_ptr<FLAnimatedImage>& image);
 
+  /// Frames of the animated image; 0 without one.
+  NSUInteger frameCount() const { return _animatedImage ? _animatedImage->frameCount() : 0; }
+
   /// Told `didStopAnimation`, if it has such an action, each time the animation stops; kept weakly.
   std::shared_ptr<NSObject> overvationDelegate() const { return _overvationDelegate.lock(); }
   void setOvervationDelegate(const std::shared_ptr<NSObject>& delegate) {

@@ -5,6 +5,9 @@
 #include <QStringList>
 #include <string>
 
+#include "platform/uikit/UIApplication.h"
+#include "settings/Appearance.h"
+
 /// What the command line asks for.
 struct Options {
   enum class Ask { Run, Help, Version, Error };
@@ -22,10 +25,15 @@ struct Options {
   QSize size{375, 667};
   double scale = 0;        // 0: the screen's
   double refreshRate = 0;  // 0: the screen's
+  QString gif;
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;
   Effects effects = Effects::Real;  // None for pictures
+  Appearance::Scheme scheme = Appearance::Scheme::System;
+  Appearance::Motion motion = Appearance::Motion::System;
+  Appearance::Direction direction = Appearance::Direction::System;
+  UIContentSizeCategory textSize = UIContentSizeCategory::kLarge;
 
   bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
 

@@ -9,6 +9,7 @@
 
 #include "settings/MainQueueHost.h"
 #include "settings/Navigation.h"
+#include "settings/OpeningRecord.h"
 #include "settings/PictureProvider.h"
 #include "settings/Sheets.h"
 #include "settings/ViewMirror.h"
@@ -19,8 +20,9 @@ class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `sheets` outlives the window.
-  SettingsWindow(Sheets& sheets, PictureProvider::PathResolver resolvePicture, QSize size);
+  /// `sheets` and `record` outlive the window.
+  SettingsWindow(Sheets& sheets, OpeningRecord& record,
+                 PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 
@@ -47,7 +49,9 @@ class SettingsWindow : public QObject {
 
  private:
   void settle();
+  void pagesAreShown();
 
+  OpeningRecord& record_;
   MainQueueHost queue_;
   QQmlEngine engine_;
   ViewMirror mirror_;

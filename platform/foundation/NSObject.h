@@ -42,6 +42,10 @@ class PLATFORM_API NSObject : public std::enable_shared_from_this<NSObject> {
   bool performAction(std::string_view selector, NSObject* sender);
   /// The answer of the getter of that selector; nothing when there is none.
   std::optional<PropertyListValue> performGetter(std::string_view selector, NSObject& row);
+  /// The answer of a getter that takes nothing; nothing when there is none.
+  std::optional<PropertyListValue> valueForKey(std::string_view key) {
+    return performGetter(key, *this);
+  }
   /// Calls the setter of that selector. False, and nothing happens, when there is none.
   bool performSetter(std::string_view selector, const PropertyListValue& value, NSObject& row);
 };

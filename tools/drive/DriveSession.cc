@@ -298,9 +298,11 @@ Json DriveSession::resize(const Json& request) {
 Json DriveSession::refresh(const Json& request) {
   const int count = indexMember(request, "count");
   const double duration = numberMember(request, "duration", 0, 3600);
-  requireTopPane();
   for (int refresh = 0; refresh < count; ++refresh) {
     settle();
+    if (!displayRefresh_->isWanted()) {
+      break;  // more of them would change nothing
+    }
     displayRefresh_->refresh(duration);
   }
   return success();

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/foundation/NSNumber.h"
 #include "platform/foundation/method.h"
 #include "tests/support/PaneTest.h"
 
@@ -97,6 +98,16 @@ TEST_F(MainQueueTest, CancellingASelectorLeavesTheOthersAndOtherArguments) {
   queue.cancelPreviousPerformRequestsWithTargetSelectorObject(*listener, "first", two);
   advance(1);
   EXPECT_THAT(calls(), ElementsAre("first", "second"));
+}
+
+TEST_F(MainQueueTest, ArgumentsThatAreEqualAreCancelledWhicheverObjectTheyAre) {
+  later("first", 1, NSNumber::numberWithUnsignedInteger(2));
+  later("second", 1, NSNumber::numberWithUnsignedInteger(3));
+  const auto two = NSNumber::numberWithUnsignedInteger(2);
+  queue.cancelPreviousPerformRequestsWithTargetSelectorObject(*listener, "first", two);
+  queue.cancelPreviousPerformRequestsWithTargetSelectorObject(*listener, "second", two);
+  advance(1);
+  EXPECT_THAT(calls(), ElementsAre("second"));
 }
 
 TEST_F(MainQueueTest, AnEarlierCallCanCancelALaterOneOfTheSameMoment) {
