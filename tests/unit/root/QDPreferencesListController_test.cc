@@ -83,6 +83,7 @@ TEST_F(RootPaneTest, TheUpdateBadgePutsTheUpdateRowRightUnderTheFirstRow) {
   const auto cell = cellAt(*pane, 1);
   EXPECT_EQ(cell->backgroundColor(), UIColor::redColor());
   EXPECT_EQ(cell->textLabel()->textColor(), UIColor::whiteColor());
+  EXPECT_EQ(cell->tintColor(), UIColor::whiteColor());
   EXPECT_EQ(cell->imageView()->image()->name(), "gear-white.png");
 }
 
