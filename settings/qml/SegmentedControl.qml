@@ -51,7 +51,7 @@ SegmentedControlItem {
                 anchors.fill: parent
                 anchors.leftMargin: Theme.segmentLine * 2
                 anchors.rightMargin: anchors.leftMargin
-                text: segment.title
+                text: segment.modelData
                 textFormat: Text.PlainText
                 font: Theme.segmentFont
                 fontSizeMode: Text.HorizontalFit
