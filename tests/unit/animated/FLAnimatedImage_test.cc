@@ -224,6 +224,9 @@ TEST_F(FLAnimatedImageTest, APictureThatCannotBeDrawnIsUsedAsItIs) {
   // Less than a point wide: there is no bitmap of that size.
   const auto thin = UIImage::imageWithCGImageScaleOrientation(pixels, 16, UIImageOrientation::kUp);
   EXPECT_EQ(FLAnimatedImage::predrawnImageFromImage(thin), thin);
+  // The pixels of a picture from a file are the host's.
+  const auto file = allocInit<UIImage>();
+  EXPECT_EQ(FLAnimatedImage::predrawnImageFromImage(file), file);
 }
 
 TEST_F(FLAnimatedImageTest, AMemoryWarningLeavesTheRequestedFrameAndThePoster) {
