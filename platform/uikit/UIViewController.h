@@ -52,6 +52,7 @@ class PLATFORM_API UIViewController : public NSObject {
   virtual std::shared_ptr<UIView> loadView();
   /// Called once, after the view was made. Overrides call the superclass's first.
   virtual void viewDidLoad();
+  /// For controllers that contain others: the parent is held weakly, null for none.
   void setParentViewController(UIViewController& child,
                                const std::shared_ptr<UIViewController>& parent);
 

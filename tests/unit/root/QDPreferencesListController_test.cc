@@ -8,6 +8,7 @@
 #include "prefix/QDCountryPrefixController.h"
 #include "tests/support/HalfHighCell.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/bareRow.h"
 
 extern "C" const ClassTable quietDialPreferencesClasses;
 
@@ -61,8 +62,7 @@ class RootPaneTest : public PaneTest {
   }
 
   std::shared_ptr<QDPreferencesListController> openWithBadge(const Value& badge) {
-    const auto entry = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-        "QuietDial", nullptr, "", "", "QDPreferencesListController", PSCellType::kLink, "");
+    const auto entry = bareRow("QuietDial", PSCellType::kLink, "QDPreferencesListController");
     entry->setPropertyForKey(badge, "badgeString");
     return open<QDPreferencesListController>(entry);
   }
@@ -112,8 +112,7 @@ TEST_F(RootPaneTest, AnyOtherBadgeMeansNoUpdateRow) {
 }
 
 TEST_F(RootPaneTest, AnEntryWithoutABadgeAndNoEntryAtAllMeanNoUpdateRow) {
-  const auto entry = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-      "QuietDial", nullptr, "", "", "QDPreferencesListController", PSCellType::kLink, "");
+  const auto entry = bareRow("QuietDial", PSCellType::kLink, "QDPreferencesListController");
   for (const auto& pane :
        {open<QDPreferencesListController>(entry), open<QDPreferencesListController>()}) {
     EXPECT_FALSE(pane->updateAvailable());
