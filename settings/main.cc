@@ -27,6 +27,7 @@
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
+#include "platform/uikit/UIAccessibility.h"
 #include "platform/uikit/UIApplication.h"
 #include "settings/AccessibleItemInterface.h"
 #include "settings/AnimationController.h"
@@ -285,6 +286,11 @@ int main(int count, char** values) {
   appearance.setScheme(options.scheme);
   // Nothing moves in a picture.
   appearance.setMotion(options.isPicture() ? Appearance::Motion::Reduced : options.motion);
+  const auto passMotionOn = [&appearance] {
+    UIAccessibilitySetReduceMotionEnabled(appearance.reducesMotion());
+  };
+  QObject::connect(&appearance, &Appearance::changed, &application, passMotionOn);
+  passMotionOn();
   appearance.setDirection(options.direction);
   UIApplication::sharedApplication().setPreferredContentSizeCategory(options.textSize);
   // Pictures are the same on every desktop.

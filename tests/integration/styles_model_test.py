@@ -234,7 +234,7 @@ class StylePanes(unittest.TestCase):
             drive.do("push", pane=BUTTONS)
             places = [button["frame"] for button in self.views(drive, 3, "UIButton")]
             for place, x in zip(places, (6.4, 84.8, 163.2, 241.6)):
-                self.assertAlmostEqual(place[0], x, places=5)
+                self.assertAlmostEqual(place[0], x, places=4)
                 self.assertEqual(place[1:], [10, 72, 72])
 
 

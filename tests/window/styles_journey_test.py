@@ -61,6 +61,14 @@ class StylesJourney(unittest.TestCase):
     def on(self, role, name):
         self.application.wait_for_state(role, name, "focused")
 
+    def on_button(self, group, name):
+        """Waits until the keyboard is on that button of that group."""
+        def focused():
+            return any(child.name == name and "focused" in self.application.states(child)
+                       for element in self.application.elements() if element.name == group
+                       for child in element)
+        desktop.wait_for(focused, f"“{name}” of “{group}” to be focused")
+
     def groups(self):
         """The titles of all groups with their radio buttons and whether each is checked."""
         groups = []
@@ -167,11 +175,11 @@ class StylesJourney(unittest.TestCase):
         self.application.wait_for("radio button", "Button 1")
         self.application.wait_for_state("list", "Settings", "focused")
         self.keys("Down")
-        self.on("radio button", "Button 2")
+        self.on_button("Dial Button Style", "Button 2")
         self.keys("Right", "space")
         self.wait_for_setting("buttonStyleText", "Style 3 & 4")
         self.keys("Down")
-        self.on("radio button", "Button 4")
+        self.on_button("Systemwide BUtton Style", "Button 4")
         self.keys("Left", "Left", "Return")
         self.wait_for_setting("buttonStyleText", "Style 3 & 2")
 
