@@ -1,6 +1,9 @@
 #include <array>
 
 #include "core/export.h"
+#include "extras/QDCreditsListController.h"
+#include "extras/QDSoftwareCreditsController.h"
+#include "extras/QDSupportListController.h"
 #include "platform/foundation/ClassDescription.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
@@ -8,10 +11,13 @@
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 3> kClasses{
+constexpr std::array<const ClassDescription*, 6> kClasses{
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
+    &QDSupportListController::classObject,
+    &QDCreditsListController::classObject,
+    &QDSoftwareCreditsController::classObject,
 };
 
 }  // namespace

@@ -35,7 +35,7 @@ bool isLoading(const QQuickItem& item) {
 
 SettingsWindow::SettingsWindow(Sheets& sheets, PictureProvider::PathResolver resolvePicture,
                                QSize size)
-    : mirror_(engine_), view_(&engine_, nullptr) {
+    : sheets_(sheets), mirror_(engine_), view_(&engine_, nullptr) {
   engine_.addImageProvider(QLatin1String(PictureProvider::kName),
                            new PictureProvider(std::move(resolvePicture)));
   engine_.setProperty("viewMirror", QVariant::fromValue(&mirror_));

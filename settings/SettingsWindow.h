@@ -24,6 +24,7 @@ class SettingsWindow : public QObject {
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 
   Navigation& navigation() { return navigation_; }
+  Sheets& sheets() { return sheets_; }
 
   void show();
   /// As the user closes it: what is being typed is kept.
@@ -44,6 +45,7 @@ class SettingsWindow : public QObject {
  private:
   void settle();
 
+  Sheets& sheets_;
   MainQueueHost queue_;
   QQmlEngine engine_;
   ViewMirror mirror_;

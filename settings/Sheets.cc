@@ -14,10 +14,25 @@ void Sheets::closeAlert() {
   emit changed();
 }
 
+void Sheets::cancelTop() {
+  if (!alerts_.empty()) {
+    closeAlert();
+  } else if (mail_) {
+    mail_->cancel();
+  } else if (compose_) {
+    compose_->cancel();
+  }
+}
+
 void Sheets::present(UIViewController& /*presenter*/,
                      const std::shared_ptr<UIViewController>& sheet) {
   if (auto compose = cast<SLComposeViewController>(sheet)) {
     compose_ = std::make_unique<ComposeModel>(std::move(compose));
+    emit changed();
+    return;
+  }
+  if (auto mail = cast<MFMailComposeViewController>(sheet)) {
+    mail_ = std::make_unique<MailModel>(std::move(mail));
     emit changed();
     return;
   }
@@ -28,9 +43,12 @@ void Sheets::present(UIViewController& /*presenter*/,
 }
 
 void Sheets::dismiss(UIViewController& sheet) {
+  // A sheet's own button may still be on the stack.
   if (compose_ && &compose_->sheet() == &sheet) {
-    // Its own button may still be on the stack.
     compose_.release()->deleteLater();
+    emit changed();
+  } else if (mail_ && &mail_->sheet() == &sheet) {
+    mail_.release()->deleteLater();
     emit changed();
   }
 }

@@ -10,6 +10,7 @@
 
 #include "platform/preferences/PSListController.h"
 #include "settings/SettingsWindow.h"
+#include "settings/tourSheets.h"
 
 namespace {
 
@@ -25,7 +26,8 @@ QString classNameOf(const UIViewController& page) {
 
 }  // namespace
 
-Tour::Tour(SettingsWindow& window, QString folder) : window_(window), folder_(std::move(folder)) {}
+Tour::Tour(SettingsWindow& window, RecordingMail& mail, QString folder)
+    : window_(window), mail_(mail), folder_(std::move(folder)) {}
 
 bool Tour::run() {
   if (!QDir().mkpath(folder_)) {
@@ -36,7 +38,7 @@ bool Tour::run() {
 }
 
 bool Tour::visit(int depth) {
-  if (!takePicture()) {
+  if (!takePicture() || !takePicturesOfSheets()) {
     return false;
   }
   const auto page = cast<PSListController>(window_.navigation().topPage());
@@ -72,9 +74,33 @@ bool Tour::takePicture() {
   window_.resize({usual.width(), height});
   const QImage image = window_.picture();
   window_.resize(usual);
-  const QString file = QStringLiteral("%1-%2.png")
-                           .arg(pictures_.size() + 1, 2, 10, QChar(u'0'))
-                           .arg(classNameOf(*page));
+  return save(image, classNameOf(*page), QString::fromStdString(page->title()));
+}
+
+bool Tour::takePicturesOfSheets() {
+  const auto page = window_.navigation().topPage();
+  for (const auto& sheet : kTourSheets) {
+    if (page->classDescription().name != sheet.pane) {
+      continue;
+    }
+    mail_.setCanSend(sheet.hasMail);
+    page->performAction(sheet.action, nullptr);
+    if (sheet.readsAttachment && window_.sheets().mail()) {
+      window_.sheets().mail()->setReading(0);
+    }
+    const QImage image = window_.picture();
+    window_.sheets().cancelTop();
+    mail_.setCanSend(true);
+    if (!save(image, QLatin1String(sheet.name), QLatin1String(sheet.title))) {
+      return false;
+    }
+  }
+  return true;
+}
+
+bool Tour::save(const QImage& image, const QString& name, const QString& title) {
+  const QString file =
+      QStringLiteral("%1-%2.png").arg(pictures_.size() + 1, 2, 10, QChar(u'0')).arg(name);
   if (image.isNull()) {
     error_ = QStringLiteral("The renderer gives no picture here.");
     return false;
@@ -83,7 +109,7 @@ bool Tour::takePicture() {
     error_ = QStringLiteral("%1 cannot be written.").arg(QDir(folder_).filePath(file));
     return false;
   }
-  pictures_.append({file, QString::fromStdString(page->title())});
+  pictures_.append({file, title});
   return true;
 }
 

@@ -8,14 +8,18 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "headless/RecordingAddresses.h"
+#include "headless/RecordingMail.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/SystemClock.h"
+#include "linux/SystemMail.h"
 #include "platform/classes.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
@@ -29,6 +33,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/WindowDeviceInformation.h"
 #include "tools/version.h"
 
 namespace {
@@ -95,8 +100,8 @@ int writePicture(SettingsWindow& window, const QString& file) {
   return EXIT_SUCCESS;
 }
 
-int takeTour(SettingsWindow& window, const QString& folder) {
-  Tour tour(window, folder);
+int takeTour(SettingsWindow& window, RecordingMail& mail, const QString& folder) {
+  Tour tour(window, mail, folder);
   if (!tour.run()) {
     return complain(tour.error(), EXIT_FAILURE);
   }
@@ -119,15 +124,26 @@ int run(const Options& options) {
   const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
+  // Pictures show every page and sheet on every machine, and nothing of them leaves it.
+  const auto staged = std::make_shared<RecordingMail>(true, nullptr);
+  std::shared_ptr<MailService> mail = staged;
+  std::shared_ptr<AddressOpener> addresses = std::make_shared<RecordingAddresses>(
+      std::make_shared<Recorder>(), std::set<std::string>(), nullptr);
+  if (!options.isPicture()) {
+    mail = std::make_shared<SystemMail>(root.toStdString() + "/Drafts");
+    addresses = std::make_shared<DesktopAddressOpener>();
+  }
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
       .notifications = std::make_shared<NoBroadcast>(),
       .processes = std::make_shared<NoProcesses>(),
-      .addresses = std::make_shared<DesktopAddressOpener>(),
+      .addresses = addresses,
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .mail = mail,
+      .device = std::make_shared<WindowDeviceInformation>(),
   });
   registerClasses(platformClasses());
 
@@ -158,7 +174,7 @@ int run(const Options& options) {
   if (!options.screenshot.isEmpty()) {
     status = writePicture(window, options.screenshot);
   } else if (!options.tour.isEmpty()) {
-    status = takeTour(window, options.tour);
+    status = takeTour(window, *staged, options.tour);
   } else {
     const TerminationSignals termination;
     QObject::connect(&termination, &TerminationSignals::received, &window, &SettingsWindow::close);

@@ -9,6 +9,7 @@ AccessibleElement {
     required property Sheets sheets
 
     readonly property bool covered: sheets.alert !== null || sheets.compose !== null
+                                    || sheets.mail !== null
 
     // The keyboard comes back to where it was before the sheet.
     onCoveredChanged: if (!covered)
@@ -42,6 +43,14 @@ AccessibleElement {
         enabled: main.sheets.alert === null
         sourceComponent: ComposeSheet {
             model: main.sheets.compose
+        }
+    }
+    Loader {
+        anchors.fill: parent
+        active: main.sheets.mail !== null
+        enabled: main.sheets.alert === null
+        sourceComponent: MailSheet {
+            model: main.sheets.mail
         }
     }
     Loader {

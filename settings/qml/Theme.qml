@@ -73,6 +73,12 @@ QtObject {
     readonly property real alertStartScale: 1.185
     readonly property color alertLineColor: "#b5b5b5"
     readonly property color dimColor: "#66000000"
+    readonly property color sheetColor: "#f8f8f8"
+    readonly property color paperColor: "white"
+    readonly property color paperTextColor: "black"
+    readonly property color complaintColor: "#ff3b30"
+    readonly property real mailWidth: 560
+    readonly property real mailMargin: 15
     readonly property real composeMargin: 12
     readonly property real composeWidth: 400
     readonly property real composeTextHeight: 132

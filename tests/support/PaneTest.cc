@@ -1,9 +1,9 @@
 #include "tests/support/PaneTest.h"
 
-#include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
+#include "headless/StandInDevice.h"
 #include "headless/TableTextMeasurer.h"
 #include "platform/classes.h"
 #include "platform/foundation/MainQueue.h"
@@ -15,10 +15,12 @@ PaneTest::PaneTest() {
       .files = std::make_shared<RecordingFiles>(files, recorder),
       .notifications = std::make_shared<RecordingNotifications>(recorder, nullptr),
       .processes = std::make_shared<RecordingProcesses>(recorder, nullptr),
-      .addresses = std::make_shared<RecordingAddresses>(recorder, std::set<std::string>{}, nullptr),
+      .addresses = addresses,
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
+      .mail = mail,
+      .device = std::make_shared<StandInDevice>(),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();

@@ -8,6 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "headless/ManualClock.h"
+#include "headless/RecordingAddresses.h"
+#include "headless/RecordingMail.h"
 #include "headless/RecordingSheets.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/uikit/UINavigationController.h"
@@ -60,6 +62,9 @@ class PaneTest : public testing::Test {
   std::shared_ptr<MemoryPictures> pictures = std::make_shared<MemoryPictures>();
   std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
   std::shared_ptr<RecordingSheets> sheets = std::make_shared<RecordingSheets>(recorder);
+  std::shared_ptr<RecordingAddresses> addresses =
+      std::make_shared<RecordingAddresses>(recorder, std::set<std::string>{}, nullptr);
+  std::shared_ptr<RecordingMail> mail = std::make_shared<RecordingMail>(true, nullptr);
   std::shared_ptr<UINavigationController> outer;
   std::shared_ptr<UINavigationController> inner;
 };

@@ -137,7 +137,9 @@ class Pictures(unittest.TestCase):
         self.assertEqual(sorted(shown), sorted(set(os.listdir(tour)) - {"index.html"}))
         classes = {name.split("-", 1)[1] for name in shown}
         self.assertLessEqual({"SettingsListController.png", "QDPreferencesListController.png",
-                              "QDCountryPrefixController.png"}, classes)
+                              "QDCountryPrefixController.png", "QDSupportListController.png",
+                              "QDCreditsListController.png",
+                              "QDSoftwareCreditsController.png"}, classes)
         prefixes = next(name for name in shown if "QDCountryPrefixController" in name)
         picture = Picture(os.path.join(tour, prefixes))
         self.assertEqual(picture.width, 320)
@@ -145,6 +147,22 @@ class Pictures(unittest.TestCase):
         self.assertTrue(self.has_text(picture, 15, picture.height - 60, 300, picture.height - 20)
                         or self.has_text(picture, 15, picture.height - 100, 300,
                                          picture.height - 40))
+
+    def test_the_tour_shows_what_stands_above_the_pages(self):
+        tour = os.path.join(self.folder, "tour")
+        result = program.run("--tour", tour, "--size", "320x568")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        pictures = {name.split("-", 1)[1]: Picture(os.path.join(tour, name))
+                    for name in os.listdir(tour) if name.endswith(".png")}
+        pane = pictures["QDSupportListController.png"]
+        self.assertEqual(pane.at(160, 400), PAGE)
+        # The mail and its attachment cover the page; the alert and the share sheet dim it.
+        for name in ("mail.png", "attachment.png"):
+            self.assertEqual(pictures[name].at(160, 400), WHITE, name)
+            self.assertTrue(self.has_text(pictures[name], 15, 50, 300, 300), name)
+        for name in ("alert.png", "share.png"):
+            self.assertLess(max(pictures[name].at(2, 300)), 200, name)
+        self.assertEqual((pictures["alert.png"].width, pictures["alert.png"].height), (320, 568))
 
     def test_a_tour_without_a_root_leaves_the_users_settings_alone(self):
         home = os.path.join(self.folder, "home")

@@ -10,8 +10,10 @@
 
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingMail.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
+#include "headless/StandInDevice.h"
 #include "headless/TableTextMeasurer.h"
 #include "linux/BundleModule.h"
 #include "linux/DBusNotifications.h"
@@ -20,6 +22,7 @@
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/SystemMail.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "tools/drive/DriveSession.h"
@@ -118,15 +121,17 @@ struct Effects {
   std::shared_ptr<DBusNotifications> notifications;
   std::shared_ptr<ProcessService> processes;
   std::shared_ptr<AddressOpener> addresses;
+  std::shared_ptr<MailService> mail;
 };
 
-Effects realEffects() {
+Effects realEffects(const std::string& root) {
   return {
       .notifications = std::make_shared<DBusNotifications>([](const std::string& name) {
         CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
       }),
       .processes = std::make_shared<PosixProcessService>(),
       .addresses = std::make_shared<DesktopAddressOpener>(),
+      .mail = std::make_shared<SystemMail>(root + "/Drafts"),
   };
 }
 
@@ -136,7 +141,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto recorder = std::make_shared<Recorder>();
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
-  const auto effects = arguments.effects == "real" ? realEffects() : Effects{};
+  const auto effects = arguments.effects == "real" ? realEffects(root) : Effects{};
   installServices({
       .clock = clock,
       .files =
@@ -145,10 +150,12 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .processes = std::make_shared<RecordingProcesses>(recorder, effects.processes),
       .addresses = std::make_shared<RecordingAddresses>(
           recorder, std::set<std::string>(arguments.schemes.begin(), arguments.schemes.end()),
-          nullptr),
+          effects.addresses),
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .mail = std::make_shared<RecordingMail>(arguments.mail == "yes", effects.mail),
+      .device = std::make_shared<StandInDevice>(),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
