@@ -1,5 +1,8 @@
 #include <array>
 
+#include "animated/FLAnimatedImage.h"
+#include "animated/FLAnimatedImageView.h"
+#include "animated/FLWeakProxy.h"
 #include "core/export.h"
 #include "extras/QDCreditsListController.h"
 #include "extras/QDSoftwareCreditsController.h"
@@ -8,16 +11,23 @@
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
 #include "root/QDPreferencesListController.h"
+#include "styles/QDButtonPickerCell.h"
+#include "styles/QDButtonStyleSelectionController.h"
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 6> kClasses{
+constexpr std::array<const ClassDescription*, 11> kClasses{
+    &FLAnimatedImage::classObject,
+    &FLAnimatedImageView::classObject,
+    &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
-    &QDCountryPrefixController::classObject,
-    &prefixTableCell::classObject,
     &QDSupportListController::classObject,
     &QDCreditsListController::classObject,
     &QDSoftwareCreditsController::classObject,
+    &QDCountryPrefixController::classObject,
+    &prefixTableCell::classObject,
+    &QDButtonStyleSelectionController::classObject,
+    &QDButtonPickerCell::classObject,
 };
 
 }  // namespace

@@ -78,5 +78,11 @@ struct DismissEvent {
   bool operator==(const DismissEvent&) const = default;
 };
 
-using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, CanOpenEvent, OpenEvent,
-                           AlertEvent, PresentComposeEvent, PresentMailEvent, DismissEvent>;
+struct LogEvent {
+  std::string line;
+  bool operator==(const LogEvent&) const = default;
+};
+
+using Event =
+    std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, CanOpenEvent, OpenEvent, AlertEvent,
+                 PresentComposeEvent, PresentMailEvent, DismissEvent, LogEvent>;

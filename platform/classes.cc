@@ -12,9 +12,9 @@
 
 const ClassTable& platformClasses() {
   static constexpr std::array<const ClassDescription*, 7> kClasses{
-      &PSListController::classObject,           &PSTableCell::classObject,
-      &PSEditableTableCell::classObject,        &TBPSColoredTableCell::classObject,
-      &TBPSCreditsHeaderTableCell::classObject, &TBPSEmptyHeaderView::classObject,
+      &PSListController::classObject,      &PSTableCell::classObject,
+      &PSEditableTableCell::classObject,   &TBPSColoredTableCell::classObject,
+      &TBPSEmptyHeaderView::classObject,   &TBPSCreditsHeaderTableCell::classObject,
       &TBPSSubtitleTableCell::classObject,
   };
   static constexpr ClassTable kTable{kClasses};

@@ -101,6 +101,13 @@ class PictureService {
   virtual std::optional<CGSize> pixelSize(const std::string& path) = 0;
 };
 
+/// The log in which a machine keeps what its programs say.
+class SystemLog {
+ public:
+  virtual ~SystemLog() = default;
+  virtual void write(const std::string& line) = 0;
+};
+
 /// Showing what stands above a page.
 class SheetPresenter {
  public:
@@ -133,6 +140,16 @@ class DeviceInformationService {
   virtual PropertyListDictionary deviceInformation() = 0;
 };
 
+/// The refreshes of the screen.
+class DisplayRefresh {
+ public:
+  virtual ~DisplayRefresh() = default;
+  /// While wanted, and while the screen shows the program, the service calls
+  /// CADisplayLink::screenDidRefresh on the main thread once for each refresh of the screen. While
+  /// not wanted it does nothing at all.
+  virtual void setWanted(bool wanted) = 0;
+};
+
 struct Services {
   std::shared_ptr<Clock> clock;
   std::shared_ptr<FileService> files;
@@ -144,6 +161,8 @@ struct Services {
   std::shared_ptr<SheetPresenter> sheets;
   std::shared_ptr<MailService> mail;
   std::shared_ptr<DeviceInformationService> device;
+  std::shared_ptr<DisplayRefresh> displayRefresh;
+  std::shared_ptr<SystemLog> log;
 };
 
 /// Main thread, before the first use of anything else; every member set.

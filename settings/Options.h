@@ -5,10 +5,14 @@
 #include <QStringList>
 #include <string>
 
+#include "platform/uikit/UIApplication.h"
+#include "settings/Appearance.h"
+
 /// What the command line asks for.
 struct Options {
   enum class Ask { Run, Help, Version, Error };
   enum class Renderer { Software, Gpu };
+  enum class Effects { Real, None };
 
   Ask ask = Ask::Run;
   QString message;  // the help text, or what is wrong
@@ -19,10 +23,16 @@ struct Options {
   QString entryBadge;
   bool hasEntryBadge = false;
   QSize size{375, 667};
-  double scale = 0;  // 0: the screen's
+  double scale = 0;        // 0: the screen's
+  double refreshRate = 0;  // 0: the screen's
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;
+  Effects effects = Effects::Real;  // None for pictures
+  Appearance::Scheme scheme = Appearance::Scheme::System;
+  Appearance::Motion motion = Appearance::Motion::System;
+  Appearance::Direction direction = Appearance::Direction::System;
+  UIContentSizeCategory textSize = UIContentSizeCategory::kLarge;
 
   bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
 

@@ -11,6 +11,7 @@
 
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSListController.h"
+#include "settings/Appearance.h"
 
 namespace {
 
@@ -33,9 +34,9 @@ bool isLoading(const QQuickItem& item) {
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(Sheets& sheets, PictureProvider::PathResolver resolvePicture,
-                               QSize size)
-    : sheets_(sheets), mirror_(engine_), view_(&engine_, nullptr) {
+SettingsWindow::SettingsWindow(Sheets& sheets, OpeningRecord& record,
+                               PictureProvider::PathResolver resolvePicture, QSize size)
+    : record_(record), mirror_(engine_), view_(&engine_, nullptr) {
   engine_.addImageProvider(QLatin1String(PictureProvider::kName),
                            new PictureProvider(std::move(resolvePicture)));
   engine_.setProperty("viewMirror", QVariant::fromValue(&mirror_));
@@ -52,10 +53,24 @@ SettingsWindow::SettingsWindow(Sheets& sheets, PictureProvider::PathResolver res
   view_.installEventFilter(this);
   connect(&queue_, &MainQueueHost::turned, &mirror_, &ViewMirror::scheduleCommit);
   connect(&mirror_, &ViewMirror::committed, &navigation_, &Navigation::refresh);
+  connect(&mirror_, &ViewMirror::paneRequested, this,
+          [this](const std::string& className) { record_.begin(className); });
+  connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::pagesAreShown);
+  connect(&Appearance::shared(), &Appearance::changed, &mirror_, &ViewMirror::bringOverAll);
 }
 
 SettingsWindow::~SettingsWindow() {
   view_.removeEventFilter(this);
+}
+
+void SettingsWindow::follow(WindowRefresh& refresh) {
+  refresh.follow(view_);
+  // What a refresh has changed is seen in the same frame.
+  connect(&refresh, &WindowRefresh::refreshed, &mirror_, [this] {
+    if (mirror_.isPending()) {
+      mirror_.commit();
+    }
+  });
 }
 
 void SettingsWindow::show() {
@@ -99,5 +114,13 @@ void SettingsWindow::settle() {
 
 QImage SettingsWindow::picture() {
   settle();
-  return view_.grabWindow();
+  const QImage image = view_.grabWindow();
+  pagesAreShown();
+  return image;
+}
+
+void SettingsWindow::pagesAreShown() {
+  if (record_.isOpening() && !mirror_.isPending()) {
+    record_.succeed();
+  }
 }

@@ -9,22 +9,27 @@
 
 #include "settings/MainQueueHost.h"
 #include "settings/Navigation.h"
+#include "settings/OpeningRecord.h"
 #include "settings/PictureProvider.h"
 #include "settings/Sheets.h"
 #include "settings/ViewMirror.h"
+#include "settings/WindowRefresh.h"
 
 /// The application's window and all that keeps it up to date. Main thread.
 class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `sheets` outlives the window.
-  SettingsWindow(Sheets& sheets, PictureProvider::PathResolver resolvePicture, QSize size);
+  /// `sheets` and `record` outlive the window.
+  SettingsWindow(Sheets& sheets, OpeningRecord& record,
+                 PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 
   Navigation& navigation() { return navigation_; }
-  Sheets& sheets() { return sheets_; }
+
+  /// What moves follows these refreshes, which follow the window.
+  void follow(WindowRefresh& refresh);
 
   void show();
   /// As the user closes it: what is being typed is kept.
@@ -44,8 +49,9 @@ class SettingsWindow : public QObject {
 
  private:
   void settle();
+  void pagesAreShown();
 
-  Sheets& sheets_;
+  OpeningRecord& record_;
   MainQueueHost queue_;
   QQmlEngine engine_;
   ViewMirror mirror_;

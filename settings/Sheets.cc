@@ -5,6 +5,16 @@
 #include "platform/foundation/MainQueue.h"
 #include "platform/social/SLComposeViewController.h"
 
+void Sheets::cancel() {
+  if (alert()) {
+    closeAlert();
+  } else if (mail()) {
+    mail()->cancel();
+  } else if (compose()) {
+    compose()->cancel();
+  }
+}
+
 void Sheets::closeAlert() {
   if (alerts_.empty()) {
     return;
@@ -12,16 +22,6 @@ void Sheets::closeAlert() {
   alerts_.front().release()->deleteLater();
   alerts_.pop_front();
   emit changed();
-}
-
-void Sheets::cancelTop() {
-  if (!alerts_.empty()) {
-    closeAlert();
-  } else if (mail_) {
-    mail_->cancel();
-  } else if (compose_) {
-    compose_->cancel();
-  }
 }
 
 void Sheets::present(UIViewController& /*presenter*/,

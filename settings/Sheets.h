@@ -30,11 +30,12 @@ class Sheets : public QObject, public SheetPresenter {
   ComposeModel* compose() const { return compose_.get(); }
   MailModel* mail() const { return mail_.get(); }
 
+  bool isShowing() const { return alert() || mail() || compose(); }
+  /// What Escape does: takes away what stands on top.
+  void cancel();
+
   /// The user has closed the alert.
   Q_INVOKABLE void closeAlert();
-
-  /// Cancels what is on top, as the Escape key does. Nothing happens while nothing is shown.
-  void cancelTop();
 
   /// A sheet of a kind that this window cannot show is dismissed at once.
   void present(UIViewController& presenter,

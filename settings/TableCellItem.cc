@@ -83,6 +83,8 @@ void TableCellItem::takeOverLook() {
                 cell.position() == UITableViewCellPosition::kSingle;
   closesGroup_ = cell.position() == UITableViewCellPosition::kLast ||
                  cell.position() == UITableViewCellPosition::kSingle;
+  plain_ =
+      cell.backgroundColor() && cell.backgroundColor()->system == UISystemColor::kRowBackground;
   indicator_ = Indicator::None;
   if (!cell.accessoryView()) {
     if (cell.accessoryType() == UITableViewCellAccessoryType::kDisclosureIndicator) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UITableView.h"
 #include "settings/TableCellItem.h"
 #include "settings/ViewMirror.h"
@@ -24,6 +25,10 @@ TableItem::TableItem(QQuickItem* parent) : ViewItem(parent) {
 
 void TableItem::tapRow(const UITableViewCell& cell) {
   auto* table = viewAs<UITableView>();
+  const auto* row = dynamic_cast<const PSTableCell*>(&cell);
+  if (row && row->specifier() && !row->specifier()->detail().empty()) {
+    emit mirror()->paneRequested(row->specifier()->detail());
+  }
   if (const auto path = table ? table->indexPathForCell(cell) : std::nullopt) {
     table->tapRow(*path);
   }

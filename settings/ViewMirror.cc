@@ -18,6 +18,7 @@
 #include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/UITextField.h"
+#include "settings/Appearance.h"
 #include "settings/TableItem.h"
 #include "settings/ViewItem.h"
 #include "settings/ViewSurface.h"
@@ -132,6 +133,13 @@ void ViewMirror::viewDestroyed(const UIView& view) {
   }
 }
 
+void ViewMirror::bringOverAll() {
+  for (const auto& [view, item] : items_) {
+    changed_.insert(view);
+  }
+  scheduleCommit();
+}
+
 void ViewMirror::scheduleCommit() {
   if (!std::exchange(scheduled_, true)) {
     QCoreApplication::postEvent(this, new QEvent(commitEvent()));
@@ -179,8 +187,17 @@ void ViewMirror::layOut() {
 }
 
 void ViewMirror::bringOver(ViewItem& item) {
+  const qreal width = item.width();
   if (item.takeOver()) {
     bringOverTint(item);
+  }
+  if (item.width() != width && Appearance::shared().isMirrored()) {
+    // Their places count from the other edge.
+    for (const auto& subview : item.view()->subviews()) {
+      if (const auto known = items_.find(subview.get()); known != items_.end()) {
+        known->second->takeOver();
+      }
+    }
   }
   bringOverSubviews(item);
 }

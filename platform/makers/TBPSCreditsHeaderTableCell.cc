@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "platform/uikit/metrics.h"
@@ -18,8 +19,6 @@ constexpr CGFloat kMargin = 20;
 constexpr CGFloat kGap = 16;
 constexpr CGFloat kHeadSide = 80;
 constexpr CGFloat kNameGap = 6;
-constexpr CGFloat kNameHeight = 20;
-constexpr CGFloat kHeadHeight = kHeadSide + kNameGap + kNameHeight;
 
 std::shared_ptr<UIImage> pictureAt(const PSSpecifier& row, std::string_view key) {
   const auto path = row.textForKey(key);
@@ -46,7 +45,7 @@ bool TBPSCreditsHeaderTableCell::initWithStyleReuseIdentifierSpecifier(
     head.picture->setImage(pictureAt(*specifier, keys[index]));
     contentView()->addSubview(head.picture);
     head.name = allocInit<UILabel>();
-    head.name->setFont(metrics::kBadgeFont);
+    head.name->setFont(UIFont::preferredFontForTextStyle(metrics::kBadgeStyle));
     head.name->setTextColor(metrics::kHeaderColor);
     head.name->setTextAlignment(NSTextAlignment::kCenter);
     if (head.picture->image()) {
@@ -63,10 +62,19 @@ CGSize TBPSCreditsHeaderTableCell::logoSizeForWidth(CGFloat width) const {
   return size.width > room ? CGSize{room, size.height * room / size.width} : size;
 }
 
+CGFloat TBPSCreditsHeaderTableCell::nameHeight() const {
+  CGFloat height = 0;
+  for (const auto& head : heads_) {
+    const CGSize name = head.name->sizeThatFits(std::numeric_limits<CGFloat>::max());
+    height = std::max(height, std::ceil(name.height));
+  }
+  return height;
+}
+
 CGFloat TBPSCreditsHeaderTableCell::headsHeight() const {
   const bool any = std::ranges::any_of(
       heads_, [](const Head& head) { return head.picture->image() != nullptr; });
-  return any ? kHeadHeight : 0;
+  return any ? kHeadSide + kNameGap + nameHeight() : 0;
 }
 
 CGFloat TBPSCreditsHeaderTableCell::preferredHeightForWidth(CGFloat width) {
@@ -96,7 +104,7 @@ void TBPSCreditsHeaderTableCell::layoutSubviews() {
       continue;
     }
     head.picture->setFrame(CGRectMake(left + (share - kHeadSide) / 2, top, kHeadSide, kHeadSide));
-    head.name->setFrame(CGRectMake(left, top + kHeadSide + kNameGap, share, kNameHeight));
+    head.name->setFrame(CGRectMake(left, top + kHeadSide + kNameGap, share, nameHeight()));
     left += share;
   }
 }

@@ -29,6 +29,7 @@ class PLATFORM_API TBPSCreditsHeaderTableCell : public PSTableCell {
   };
 
   CGSize logoSizeForWidth(CGFloat width) const;
+  CGFloat nameHeight() const;
   CGFloat headsHeight() const;
 
   std::shared_ptr<UIImageView> logo_;

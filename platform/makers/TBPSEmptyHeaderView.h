@@ -3,7 +3,7 @@
 #include "platform/api.h"
 #include "platform/uikit/UIView.h"
 
-/// A group header in which nothing is written; the list gives it the usual gap. Main thread.
+/// A group's header in which nothing is drawn. Main thread.
 class PLATFORM_API TBPSEmptyHeaderView : public UIView {
  public:
   static const ClassDescription classObject;

@@ -29,7 +29,7 @@ bool TBPSSubtitleTableCell::initWithStyleReuseIdentifierSpecifier(
   }
   textLabel()->setNumberOfLines(0);
   subtitle_ = allocInit<UILabel>();
-  subtitle_->setFont(metrics::kHeaderFont);
+  subtitle_->setFont(UIFont::preferredFontForTextStyle(metrics::kHeaderStyle));
   subtitle_->setTextColor(metrics::kHeaderColor);
   subtitle_->setNumberOfLines(0);
   subtitle_->setText(specifier->textForKey("detailText").value_or(""));

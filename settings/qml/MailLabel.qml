@@ -7,6 +7,6 @@ Text {
     height: parent.height
     textFormat: Text.PlainText
     font: Theme.bodyFont
-    color: Theme.secondaryTextColor
+    color: Theme.noteColor
     verticalAlignment: Text.AlignVCenter
 }

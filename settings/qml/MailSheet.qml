@@ -78,7 +78,7 @@ FocusScope {
                 text: heading.name
                 textFormat: Text.PlainText
                 font: Theme.titleFont
-                color: Theme.paperTextColor
+                color: Theme.textColor
                 elide: Text.ElideRight
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
@@ -97,7 +97,7 @@ FocusScope {
             y: Theme.barHeight - height
             width: parent.width
             height: Theme.hairline
-            color: Theme.alertLineColor
+            color: Theme.sheetLineColor
         }
 
         FocusScope {
@@ -177,7 +177,7 @@ FocusScope {
                         height: parent.height
                         text: sheet.model.subject
                         font: Theme.bodyFont
-                        color: Theme.paperTextColor
+                        color: Theme.textColor
                         selectionColor: Theme.tint
                         selectByMouse: true
                         clip: true
@@ -214,7 +214,7 @@ FocusScope {
                         onPressed: sheet.model.reading = index
                         Rectangle {
                             anchors.fill: parent
-                            color: Theme.pressedColor
+                            color: Theme.pressedShade
                             visible: tap.pressed
                         }
                         MailLabel {
@@ -230,7 +230,7 @@ FocusScope {
                             text: attachment.modelData
                             textFormat: Text.PlainText
                             font: Theme.bodyFont
-                            color: Theme.paperTextColor
+                            color: Theme.textColor
                             elide: Text.ElideMiddle
                             verticalAlignment: Text.AlignVCenter
                         }
@@ -242,7 +242,7 @@ FocusScope {
                             text: sheet.model.sizes[attachment.index]
                             textFormat: Text.PlainText
                             font: Theme.noteFont
-                            color: Theme.secondaryTextColor
+                            color: Theme.noteColor
                             verticalAlignment: Text.AlignVCenter
                         }
                         SymbolItem {
@@ -292,7 +292,7 @@ FocusScope {
                         text: sheet.model.body
                         textFormat: TextEdit.PlainText
                         font: Theme.bodyFont
-                        color: Theme.paperTextColor
+                        color: Theme.textColor
                         wrapMode: TextEdit.Wrap
                         selectByMouse: true
                         selectionColor: Theme.tint
@@ -364,7 +364,7 @@ FocusScope {
                     text: sheet.model.attachmentText
                     textFormat: Text.PlainText
                     font: Theme.noteFont
-                    color: Theme.paperTextColor
+                    color: Theme.textColor
                     wrapMode: Text.Wrap
                 }
             }

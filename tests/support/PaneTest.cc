@@ -1,6 +1,7 @@
 #include "tests/support/PaneTest.h"
 
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/StandInDevice.h"
@@ -21,11 +22,21 @@ PaneTest::PaneTest() {
       .sheets = sheets,
       .mail = mail,
       .device = std::make_shared<StandInDevice>(),
+      .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();
   inner = allocInit<UINavigationController>();
   outer->pushViewControllerAnimated(inner, false);
+  window = allocInit<UIWindow>();
+  window->setRootViewController(outer);
+}
+
+std::string PaneTest::bundleFile(const std::string& name) {
+  std::string path = kBundle;
+  path += '/';
+  return path += name;
 }
 
 void PaneTest::layOut() {

@@ -18,7 +18,10 @@ class CommandLine(unittest.TestCase):
     def test_unusable_arguments_are_refused_with_one_line(self):
         for arguments in (["--bogus"], ["word"], ["--size", "tall"], ["--size", "1x1"],
                           ["--size", "99999x600"], ["--scale", "nan"], ["--scale", "0"],
-                          ["--renderer", "crayon"], ["--bundle", "/no/such.bundle"],
+                          ["--renderer", "crayon"], ["--effects", "some"],
+                          ["--effects", "real", "--screenshot", "a"], ["--appearance", "pink"],
+                          ["--text-size", "huge"], ["--motion", ""], ["--direction", "up"],
+                          ["--bundle", "/no/such.bundle"],
                           ["--screenshot", ""], ["--root", ""],
                           ["--screenshot", "a", "--tour", "b"]):
             with self.subTest(arguments=arguments):
@@ -28,7 +31,8 @@ class CommandLine(unittest.TestCase):
         result = program.run("--help")
         self.assertEqual(result.returncode, 0)
         for option in ("root", "bundle", "pane", "entry-badge", "size", "scale", "screenshot",
-                       "tour", "renderer", "help", "version"):
+                       "tour", "renderer", "appearance", "text-size", "motion", "direction",
+                       "effects", "help", "version"):
             self.assertIn("--" + option, result.stdout)
 
     def test_version_is_one_line(self):

@@ -8,8 +8,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingMail.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
@@ -22,6 +24,7 @@
 #include "linux/DevicePaths.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/StandardErrorLog.h"
 #include "linux/SystemMail.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
@@ -141,6 +144,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto recorder = std::make_shared<Recorder>();
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
+  const auto displayRefresh = std::make_shared<ManualDisplayRefresh>();
   const auto effects = arguments.effects == "real" ? realEffects(root) : Effects{};
   installServices({
       .clock = clock,
@@ -156,6 +160,8 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .sheets = sheets,
       .mail = std::make_shared<RecordingMail>(arguments.mail == "yes", effects.mail),
       .device = std::make_shared<StandInDevice>(),
+      .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
@@ -169,7 +175,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   if (effects.notifications) {
     options.exchangeNotifications = [bus = effects.notifications] { bus->process(); };
   }
-  DriveSession session(std::move(options), module, clock, recorder, sheets);
+  DriveSession session(std::move(options), module, clock, recorder, sheets, displayRefresh);
   LineReader lines(in, kLongestLine);
   std::string line;
   while (!session.hasEnded()) {

@@ -91,6 +91,7 @@ struct EventWriter {
   Json operator()(const DismissEvent& event) const {
     return {{"event", "dismiss"}, {"sheet", event.sheet == SheetKind::kMail ? "mail" : "compose"}};
   }
+  Json operator()(const LogEvent& event) const { return {{"event", "log"}, {"line", event.line}}; }
 };
 
 }  // namespace

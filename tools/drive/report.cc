@@ -5,6 +5,7 @@
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
+#include "platform/uikit/UISegmentedControl.h"
 #include "platform/uikit/UITextField.h"
 
 namespace {
@@ -154,6 +155,9 @@ Json reportView(const UIView& view) {
     describeLabel(report, *label);
   } else if (const auto* field = dynamic_cast<const UITextField*>(&view)) {
     describeField(report, *field);
+  } else if (const auto* segments = dynamic_cast<const UISegmentedControl*>(&view)) {
+    report["segments"] = segments->titles();
+    report["selected"] = segments->selectedSegmentIndex();
   } else if (const auto* button = dynamic_cast<const UIButton*>(&view)) {
     report["image"] = reportImage(button->image());
     report["tint"] = toJson(button->tintColor());

@@ -32,8 +32,8 @@ class CreditsPaneTest : public PaneTest {
   }
 
   std::shared_ptr<QDCreditsListController> openCredits() {
-    files->dictionaries[std::string(kBundle) + "/quietDialCreditsPreferences.plist"] = {
-        {"title", "Credits"}, {"items", items}};
+    files->dictionaries[bundleFile("quietDialCreditsPreferences.plist")] = {{"title", "Credits"},
+                                                                            {"items", items}};
     auto pane = open<QDCreditsListController>();
     take();
     return pane;
@@ -112,7 +112,7 @@ TEST_F(CreditsPaneTest, TheHeaderIsAsHighAsItsPictures) {
   const auto plain = openCredits();
   EXPECT_EQ(cellAt(*plain, 1)->frame().size.height, 44);
   for (const auto* name : {"tallowbyte-logo", "avatar-orlan", "avatar-tavish"}) {
-    pictures->sizes[std::string(kBundle) + "/" + name + ".png"] = {80, 80};
+    pictures->sizes[bundleFile(std::string(name) + ".png")] = {80, 80};
   }
   EXPECT_GT(cellAt(*openCredits(), 1)->frame().size.height, 160);
 }

@@ -10,7 +10,7 @@ using testing::ElementsAre;
 
 TEST_F(PaneTest, TheSoftwareCreditsAreExactlyTheRowsOfTheirResourceInTheirOrder) {
   NSBundle::load(kBundle, quietDialPreferencesClasses);
-  files->dictionaries[std::string(kBundle) + "/QDSoftwareCreditsPreferences.plist"] = {
+  files->dictionaries[bundleFile("QDSoftwareCreditsPreferences.plist")] = {
       {"title", "Software"},
       {"items",
        PropertyListArray{

@@ -19,13 +19,13 @@ class SupportPaneTest : public PaneTest {
  protected:
   SupportPaneTest() {
     NSBundle::load(kBundle, quietDialPreferencesClasses);
-    files->dictionaries[std::string(kBundle) + "/quietDialSupportPreferences.plist"] = {
+    files->dictionaries[bundleFile("quietDialSupportPreferences.plist")] = {
         {"title", "Support"},
         {"items",
          PropertyListArray{PropertyListDictionary{
              {"cell", "PSButtonCell"}, {"label", "Write"}, {"action", "sendSupportEmail"}}}}};
-    files->dictionaries[std::string(kBundle) + "/Info.plist"] = {
-        {"CFBundleName", "QuietDial"}, {"CFBundleShortVersionString", "1.0.0"}};
+    files->dictionaries[bundleFile("Info.plist")] = {{"CFBundleName", "QuietDial"},
+                                                     {"CFBundleShortVersionString", "1.0.0"}};
   }
 
   static void tap(QDSupportListController& pane) { pane.selectSpecifier(pane.specifierAtIndex(0)); }
@@ -106,17 +106,18 @@ TEST_F(SupportPaneTest, CancellingTakesTheMailAwayAndLeavesThePaneAsItWas) {
   EXPECT_EQ(cellAt(*pane, 0), cell);
 }
 
-TEST_F(SupportPaneTest, WhateverCameOfTheMailItIsTakenAwayWithoutAMessage) {
+TEST_F(SupportPaneTest, WhateverCameOfTheMailThePaneTakesItAwayWithoutAMessage) {
   const auto pane = open<QDSupportListController>();
   for (const auto result : {MFMailComposeResult::kSent, MFMailComposeResult::kSaved,
                             MFMailComposeResult::kFailed, MFMailComposeResult::kCancelled}) {
     tap(*pane);
     take();
-    shownMail()->finish(result, result == MFMailComposeResult::kFailed
-                                    ? std::optional(MFMailComposeErrorCode::kSendFailed)
-                                    : std::nullopt);
-    settle();
+    const auto error = result == MFMailComposeResult::kFailed
+                           ? std::optional(MFMailComposeErrorCode::kSendFailed)
+                           : std::nullopt;
+    pane->mailComposeControllerDidFinishWithResultError(*shownMail(), result, error);
     EXPECT_THAT(take(), ElementsAre(DismissEvent{SheetKind::kMail}));
+    EXPECT_EQ(outer->presentedViewController(), nullptr);
   }
 }
 
@@ -140,7 +141,7 @@ TEST_F(SupportPaneTest, RowsAreLoadedOnceAndKept) {
 }
 
 TEST_F(SupportPaneTest, ADynamicRowIsAsHighAsItsCellWants) {
-  files->dictionaries[std::string(kBundle) + "/quietDialSupportPreferences.plist"] = {
+  files->dictionaries[bundleFile("quietDialSupportPreferences.plist")] = {
       {"items", PropertyListArray{PropertyListDictionary{{"label", "a"},
                                                          {"cellClass", "TBPSSubtitleTableCell"},
                                                          {"detailText", "b\nc\nd\ne"},

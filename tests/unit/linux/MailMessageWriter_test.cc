@@ -83,7 +83,7 @@ TEST(MailMessageWriter, WhatIsNoAddressIsNotWritten) {
       EXPECT_EQ(MailMessageWriter::write(plain(), {address, {}, false}), std::nullopt) << address;
     }
   }
-  EXPECT_FALSE(MailMessageWriter::isAddress(std::string(250, 'a') + "@b.example"));
+  EXPECT_FALSE(MailMessageWriter::isAddress(std::string(250, 'a').append("@b.example")));
   EXPECT_TRUE(MailMessageWriter::isAddress("first.last+tag@sub.b-c.example"));
 }
 

@@ -13,9 +13,7 @@ class SupportInfoTest : public PaneTest {
     EXPECT_TRUE(object->initWithPackageFilePath(kBundle));
     return object;
   }
-  PropertyListDictionary& package() {
-    return files->dictionaries[std::string(kBundle) + "/Info.plist"];
-  }
+  PropertyListDictionary& package() { return files->dictionaries[bundleFile("Info.plist")]; }
 };
 
 TEST_F(SupportInfoTest, TheSubjectNamesThePackageItsVersionAndIdentifier) {

@@ -1,6 +1,7 @@
 #include "platform/preferences/PSListController.h"
 
 #include "platform/foundation/method.h"
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
@@ -17,6 +18,7 @@ std::shared_ptr<PSSpecifier> row(const char* name) {
 // a, then the group g with b and c, then the empty group h.
 class Pane : public PSListController {
  public:
+  using PSListController::setSpecifiers;
   const PSSpecifiers& specifiers() override {
     if (!hasSpecifiers()) {
       setSpecifiers({row("a"), PSSpecifier::groupSpecifierWithName("g"), row("b"), row("c"),
@@ -190,6 +192,81 @@ TEST_F(ListControllerTest, ABadgeIsDrawnUnlessItsTextIsEmpty) {
   layOut();
   EXPECT_EQ(cellAt(*pane, 2)->contentView()->subviews().size(), plain + 1);
   EXPECT_EQ(cellAt(*pane, 3)->contentView()->subviews().size(), plain);
+}
+
+// Says in `order` when it is asked for a height and when for a cell.
+class WatchedPane : public Pane {
+ public:
+  CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override {
+    order.emplace_back("height");
+    return Pane::tableViewHeightForRowAtIndexPath(table, indexPath);
+  }
+  std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
+                                                                  NSIndexPath indexPath) override {
+    order.emplace_back("cell");
+    return Pane::tableViewCellForRowAtIndexPath(table, indexPath);
+  }
+};
+
+TEST_F(ListControllerTest, AtTheUsualTextSizeNoCellIsBuiltBeforeAllHeightsAreKnown) {
+  const auto pane = open<WatchedPane>();
+  EXPECT_THAT(pane->order, ElementsAre("viewDidLoad", "viewWillAppear with rows", "height",
+                                       "height", "height", "cell", "cell", "cell"));
+}
+
+TEST_F(ListControllerTest, StandardRowsGrowWithLargerTextAndFixedHeightsStay) {
+  UIApplication::sharedApplication().setPreferredContentSizeCategory(
+      UIContentSizeCategory::kLargest);
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue(100), "height");
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  EXPECT_GT(cellAt(*pane, 0)->frame().size.height, metrics::kRowHeight);
+  EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, 100);
+  EXPECT_EQ(cellAt(*pane, 3)->frame().origin.y, cellAt(*pane, 2)->frame().origin.y + 100);
+}
+
+TEST_F(ListControllerTest, ARowWithAFieldGrowsWithTheTextTypedInIt) {
+  const auto height = [this](UIContentSizeCategory category) {
+    UIApplication::sharedApplication().setPreferredContentSizeCategory(category);
+    const auto pane = open<Pane>();
+    pane->setSpecifiers({PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+        "", nullptr, "", "", "", PSCellType::kEditText, "")});
+    layOut();
+    return cellAt(*pane, 0)->frame().size.height;
+  };
+  EXPECT_EQ(height(UIContentSizeCategory::kLarge), metrics::kRowHeight);
+  EXPECT_GT(height(UIContentSizeCategory::kLargest), metrics::kRowHeight);
+}
+
+TEST_F(ListControllerTest, ALargeBadgeThatFindsNoRoomStandsBelowTheTitle) {
+  UIApplication::sharedApplication().setPreferredContentSizeCategory(
+      UIContentSizeCategory::kAccessibilityMedium);
+  width = 240;
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue("New update available!"),
+                                               "badgeString");
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  const auto cell = cellAt(*pane, 2);
+  const auto& badge = *cell->contentView()->subviews().back();
+  const CGRect title = cell->textLabel()->frame();
+  EXPECT_GE(badge.frame().origin.y, title.origin.y + title.size.height);
+  EXPECT_EQ(badge.frame().origin.x, title.origin.x);
+  EXPECT_LE(badge.frame().origin.y + badge.frame().size.height, cell->frame().size.height);
+}
+
+TEST_F(ListControllerTest, ALongHeaderHasTheRoomOfItsCapitals) {
+  const auto pane = open<Pane>();
+  const auto heightOf = [&](const char* name) {
+    pane->setSpecifiers({PSSpecifier::groupSpecifierWithName(name), row("b")});
+    layOut();
+    return pane->table()->headerViewForSection(0)->frame().size.height;
+  };
+  // In small letters the first would take one line less.
+  EXPECT_EQ(heightOf("the prefixes that hide the number by country"),
+            heightOf("THE PREFIXES THAT HIDE THE NUMBER BY COUNTRY"));
+  EXPECT_GT(heightOf("the prefixes that hide the number by country"), heightOf("the prefixes"));
 }
 
 }  // namespace

@@ -1,0 +1,13 @@
+#include "headless/drainAllQueues.h"
+
+#include "platform/foundation/DispatchQueue.h"
+#include "platform/foundation/MainQueue.h"
+
+void drainAllQueues() {
+  auto& queue = MainQueue::shared();
+  do {
+    DispatchQueue::waitUntilAllIdle();
+    queue.runTurn();
+    // In this order: once the background is idle nobody else adds to the main queue.
+  } while (!DispatchQueue::areAllIdle() || !queue.isIdle());
+}
