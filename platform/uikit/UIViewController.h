@@ -41,7 +41,8 @@ class PLATFORM_API UIViewController : public NSObject {
   void presentViewControllerAnimatedCompletion(const std::shared_ptr<UIViewController>& controller,
                                                bool animated,
                                                const std::function<void()>& completion);
-  /// Takes the presented page away; asked of a presented page, that page itself.
+  /// Takes away what this page presented, else what a navigation controller around it did; asked of
+  /// a presented page, that page itself.
   void dismissViewControllerAnimatedCompletion(bool animated,
                                                const std::function<void()>& completion);
   const std::shared_ptr<UIViewController>& presentedViewController() const { return presented_; }

@@ -15,6 +15,7 @@ AccessibleElement {
                 ? Math.max(0, Math.min(height / 2, height - keyboard.y)) : 0;
     }
     readonly property bool covered: sheets.alert !== null || sheets.compose !== null
+                                    || sheets.mail !== null
 
     // The keyboard comes back to where it was before the sheet.
     onCoveredChanged: if (!covered)
@@ -51,6 +52,14 @@ AccessibleElement {
         enabled: main.sheets.alert === null
         sourceComponent: ComposeSheet {
             model: main.sheets.compose
+        }
+    }
+    Loader {
+        anchors.fill: parent
+        active: main.sheets.mail !== null
+        enabled: main.sheets.alert === null
+        sourceComponent: MailSheet {
+            model: main.sheets.mail
         }
     }
     Loader {

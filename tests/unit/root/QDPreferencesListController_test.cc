@@ -45,9 +45,8 @@ class RootPaneTest : public PaneTest {
              item("Number", "dialerMode", 1),
              PropertyListDictionary{
                  {"cell", "PSButtonCell"}, {"label", "Apply"}, {"action", "applyChangedSettings"}},
-             PropertyListDictionary{{"cell", "PSLinkCell"},
-                                    {"label", "Credits"},
-                                    {"detail", "QDCreditsListController"}},
+             PropertyListDictionary{
+                 {"cell", "PSLinkCell"}, {"label", "Elsewhere"}, {"detail", "QDNowhereController"}},
              item("Systemwide Call Style", "systemwideStyleText", "Show always"),
              item("Button Style", "buttonStyleText", "Style 1 & 1"),
              PropertyListDictionary{{"cell", "PSLinkCell"},
@@ -267,11 +266,11 @@ TEST_F(RootPaneTest, TheLastLoadedPaneIsPublishedWeakly) {
 
 TEST_F(RootPaneTest, ARowWhosePaneIsNotThereOpensAPageThatNamesTheClass) {
   const auto pane = open<QDPreferencesListController>();
-  pane->selectSpecifier(pane->specifierForID("Credits"));
+  pane->selectSpecifier(pane->specifierForID("Elsewhere"));
   const auto page = cast<PSListController>(inner->topViewController());
   ASSERT_NE(page, pane);
   const auto text = page->specifiers().front()->textForKey("footerText");
-  EXPECT_THAT(text.value_or(""), testing::HasSubstr("QDCreditsListController"));
+  EXPECT_THAT(text.value_or(""), testing::HasSubstr("QDNowhereController"));
 }
 
 TEST_F(RootPaneTest, TheRestartRowAppliesTheSettings) {
