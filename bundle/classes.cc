@@ -4,6 +4,9 @@
 #include "animated/FLAnimatedImageView.h"
 #include "animated/FLWeakProxy.h"
 #include "core/export.h"
+#include "extras/QDCreditsListController.h"
+#include "extras/QDSoftwareCreditsController.h"
+#include "extras/QDSupportListController.h"
 #include "platform/foundation/ClassDescription.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
@@ -17,11 +20,14 @@
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 12> kClasses{
+constexpr std::array<const ClassDescription*, 15> kClasses{
     &FLAnimatedImage::classObject,
     &FLAnimatedImageView::classObject,
     &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
+    &QDSupportListController::classObject,
+    &QDCreditsListController::classObject,
+    &QDSoftwareCreditsController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
     &QDDialerStyleSelectionController::classObject,

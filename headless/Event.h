@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/foundation/PropertyList.h"
+#include "platform/messageui/MailMessage.h"
 #include "platform/services.h"
 
 /// One thing that the panes asked of the machine.
@@ -64,7 +65,13 @@ struct PresentComposeEvent {
   bool operator==(const PresentComposeEvent&) const = default;
 };
 
-enum class SheetKind { kCompose };
+struct PresentMailEvent {
+  MailMessage message;
+  Presenter from = Presenter::kPane;
+  bool operator==(const PresentMailEvent&) const = default;
+};
+
+enum class SheetKind { kCompose, kMail };
 
 struct DismissEvent {
   SheetKind sheet = SheetKind::kCompose;
@@ -76,5 +83,6 @@ struct LogEvent {
   bool operator==(const LogEvent&) const = default;
 };
 
-using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, CanOpenEvent, OpenEvent,
-                           AlertEvent, PresentComposeEvent, DismissEvent, LogEvent>;
+using Event =
+    std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, CanOpenEvent, OpenEvent, AlertEvent,
+                 PresentComposeEvent, PresentMailEvent, DismissEvent, LogEvent>;

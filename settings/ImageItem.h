@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QUrl>
 
 #include "settings/LayerContents.h"
@@ -20,10 +21,15 @@ class ImageItem : public ViewItem {
   const PixelsHandle& contents() const { return contents_; }
   QUrl source() const { return source_; }
 
+  /// A picture is told of where it is described in words.
+  QAccessible::Role accessibleRole() const override;
+  QString accessibleName() const override { return name_; }
+
  protected:
   void takeOverLook() override;
 
  private:
   PixelsHandle contents_;
   QUrl source_;
+  QString name_;
 };

@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSListController.h"
 #include "settings/Appearance.h"
@@ -108,7 +109,8 @@ void SettingsWindow::settle() {
     MainQueue::shared().drain();
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     mirror_.commit();
-  } while ((mirror_.isPending() || isLoading(*view_.contentItem())) &&
+  } while ((mirror_.isPending() || isLoading(*view_.contentItem()) ||
+            !DispatchQueue::areAllIdle() || !MainQueue::shared().isIdle()) &&
            !time.hasExpired(kLongestSettling));
 }
 

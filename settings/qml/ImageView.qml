@@ -4,6 +4,8 @@ import QuietDial.Settings
 ImageItem {
     id: view
 
+    Accessible.role: Accessible.Graphic
+
     Rectangle {
         anchors.fill: parent
         visible: color.a > 0

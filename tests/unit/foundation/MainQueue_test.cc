@@ -140,6 +140,14 @@ TEST_F(MainQueueTest, TheHostIsWokenForTasksFromOtherThreads) {
   EXPECT_THAT(calls(), ElementsAre("from afar"));
 }
 
+TEST_F(MainQueueTest, TheHostIsWokenForADelayedCallWhichMayBeDueSoonerThanItKnows) {
+  int wakes = 0;
+  queue.setWakeHook([&wakes] { ++wakes; });
+  later("first", 5);
+  queue.setWakeHook({});
+  EXPECT_EQ(wakes, 1);
+}
+
 TEST_F(MainQueueTest, AnObjectDroppedOnAWorkerIsDestroyedOnTheMainQueue) {
   std::weak_ptr<Listener> weak = listener;
   std::thread([object = std::move(listener)]() mutable { object.reset(); }).join();

@@ -1,18 +1,22 @@
 #include "platform/preferences/PSListController.h"
 
+#include <array>
+#include <utility>
+
 #include "platform/foundation/method.h"
 #include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/bareRow.h"
 
 namespace {
 
 using testing::ElementsAre;
 
 std::shared_ptr<PSSpecifier> row(const char* name) {
-  return PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(name, nullptr, "", "", "",
-                                                                         PSCellType::kLink, "");
+  return bareRow(name, PSCellType::kLink);
 }
 
 // a, then the group g with b and c, then the empty group h.
@@ -36,6 +40,32 @@ class Pane : public PSListController {
   }
   std::vector<std::string> order;
 };
+
+// A pane whose set-up fails.
+class UnmakeablePane : public PSListController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+  bool init() override { return false; }
+};
+
+constexpr ClassDescription UnmakeablePane::classObject{
+    "UnmakeablePane", &PSListController::classObject, &allocObject<UnmakeablePane>, {}};
+constexpr std::array<const ClassDescription*, 1> kUnmakeable{&UnmakeablePane::classObject};
+
+// A cell whose set-up fails.
+class UnmakeableCell : public PSTableCell {
+ public:
+  static const ClassDescription classObject;
+  bool initWithStyleReuseIdentifierSpecifier(
+      UITableViewCellStyle /*style*/, std::string /*reuseIdentifier*/,
+      const std::shared_ptr<PSSpecifier>& /*specifier*/) override {
+    return false;
+  }
+};
+
+constexpr ClassDescription UnmakeableCell::classObject{
+    "UnmakeableCell", &PSTableCell::classObject, &allocObject<UnmakeableCell>, {}};
 
 class ListControllerTest : public PaneTest {
  protected:
@@ -145,6 +175,114 @@ TEST_F(ListControllerTest, AFixedHeightIsTheRowsHeight) {
   EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, 100);
 }
 
+TEST_F(ListControllerTest, AHeightThatIsNoneIsTheListsOwn) {
+  const auto pane = open<Pane>();
+  for (const auto& height : {PropertyListValue(0), PropertyListValue(-5), PropertyListValue("x")}) {
+    pane->specifierForID("b")->setPropertyForKey(height, "height");
+    pane->reloadSpecifierIDAnimated("b", false);
+    layOut();
+    EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, metrics::kRowHeight);
+  }
+}
+
+TEST_F(ListControllerTest, RowsAreMeasuredAgainEachTimeThePaneAppears) {
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue(100), "height");
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, metrics::kRowHeight);
+  pane->viewWillAppear(false);
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, 100);
+}
+
+TEST_F(ListControllerTest, GroupsKeepTheirDistances) {
+  const auto pane = open<Pane>();
+  const auto header = [&](int section) {
+    return pane->table()->headerViewForSection(section)->frame().size.height;
+  };
+  const auto footer = [&](int section) {
+    return pane->table()->footerViewForSection(section)->frame().size.height;
+  };
+  constexpr CGFloat kHalf = metrics::kGroupGap / 2;
+  EXPECT_EQ(header(0), metrics::kGroupGap);
+  EXPECT_GT(header(1), kHalf + metrics::kHeaderTextGap);
+  EXPECT_EQ(footer(0), kHalf);
+  EXPECT_EQ(footer(1), kHalf);
+  EXPECT_EQ(footer(2), 2 * kHalf) << "the list's end stands off its edge";
+}
+
+TEST_F(ListControllerTest, AGroupMayNameItsHeadersClass) {
+  const auto pane = open<Pane>();
+  const auto headerFor = [&](const PSPropertyValue& name) {
+    pane->specifierAtIndex(1)->setPropertyForKey(name, "headerCellClass");
+    pane->reloadSpecifier(pane->specifierAtIndex(1));
+    layOut();
+    return pane->table()->headerViewForSection(1);
+  };
+  const auto own = headerFor(&UIImageView::classObject);
+  EXPECT_TRUE(cast<UIImageView>(own));
+  EXPECT_EQ(own->frame().size.height, metrics::kGroupGap);
+  for (const char* name : {"NoSuchClass", "PSListController"}) {
+    EXPECT_TRUE(cast<UITableViewHeaderFooterView>(headerFor(PropertyListValue(name)))) << name;
+  }
+}
+
+TEST_F(ListControllerTest, ATapInTheTableOpensTheRowsPaneWhichKnowsTheRow) {
+  const auto pane = open<Pane>();
+  const auto link = bareRow("Further on", PSCellType::kLink, "PSListController");
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({pane->specifierForID("b")}, {link},
+                                                          false);
+  layOut();
+  pane->table()->tapRow({1, 0});
+  const auto opened = cast<PSListController>(inner->topViewController());
+  ASSERT_NE(opened, pane);
+  EXPECT_EQ(opened->specifier(), link);
+  EXPECT_EQ(opened->title(), "Further on");
+}
+
+TEST_F(ListControllerTest, APaneWithATitleOfItsOwnKeepsIt) {
+  const auto pane = allocInit<Pane>();
+  pane->setTitle("Its own");
+  pane->setSpecifier(row("The row's"));
+  EXPECT_EQ(pane->title(), "Its own");
+}
+
+TEST_F(ListControllerTest, AGroupOrATextFieldIsNeverChosen) {
+  const auto pane = open<Pane>();
+  for (const auto type : {PSCellType::kGroup, PSCellType::kEditText}) {
+    pane->selectSpecifier(bareRow("x", type, "PSListController"));
+    EXPECT_EQ(inner->topViewController(), pane);
+  }
+}
+
+TEST_F(ListControllerTest, ARowThatLeftTheListComesBackWithANewCell) {
+  const auto pane = open<Pane>();
+  const auto c = pane->specifierForID("c");
+  const auto former = cellAt(*pane, 3);
+  const auto d = row("d");
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({c}, {d}, false);
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({d}, {c}, false);
+  layOut();
+  EXPECT_NE(cellAt(*pane, 3), former);
+}
+
+TEST_F(ListControllerTest, TheTableCanBeHadBeforeThePaneIsShown) {
+  EXPECT_TRUE(allocInit<Pane>()->table());
+}
+
+TEST_F(ListControllerTest, ATableThatOutlivesItsPaneAsksNobody) {
+  auto pane = open<Pane>();
+  const auto table = pane->table();
+  inner->popViewControllerAnimated(false);
+  std::weak_ptr<Pane> gone = pane;
+  pane.reset();
+  ASSERT_TRUE(gone.expired());
+  table->reloadData();
+  table->layoutIfNeeded();
+  table->tapRow({0, 0});
+  EXPECT_TRUE(inner->viewControllers().empty());
+}
+
 TEST_F(ListControllerTest, AClassOfAnotherKindAsCellLeavesThePlatformsCell) {
   const auto pane = open<Pane>();
   pane->specifierForID("b")->setPropertyForKey(PropertyListValue("PSListController"), "cellClass");
@@ -154,6 +292,15 @@ TEST_F(ListControllerTest, AClassOfAnotherKindAsCellLeavesThePlatformsCell) {
   layOut();
   EXPECT_EQ(cellAt(*pane, 2)->textLabel()->text(), "b");
   EXPECT_EQ(cellAt(*pane, 3)->textLabel()->text(), "c");
+}
+
+TEST_F(ListControllerTest, ACellThatCannotBeSetUpLeavesThePlatformsCell) {
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(&UnmakeableCell::classObject, "cellClass");
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  EXPECT_FALSE(cast<UnmakeableCell>(cellAt(*pane, 2)));
+  EXPECT_EQ(cellAt(*pane, 2)->textLabel()->text(), "b");
 }
 
 TEST_F(ListControllerTest, ARowWithNeitherPaneNorActionDoesNothing) {
@@ -172,13 +319,23 @@ TEST_F(ListControllerTest, APaneKnowsBothNavigationControllersAroundIt) {
   EXPECT_EQ(outer->navigationController(), nullptr);
 }
 
-TEST_F(ListControllerTest, APaneThatIsNoPaneOrUnknownIsAPageThatSaysSo) {
-  const auto unknown = makePane("QDNothing", nullptr);
-  const auto cell = makePane("PSTableCell", nullptr);
-  for (const auto& page : {unknown, cell}) {
-    const auto list = cast<PSListController>(page);
-    ASSERT_TRUE(list);
-    EXPECT_NE(list->specifiers().front()->textForKey("footerText"), std::nullopt);
+TEST_F(ListControllerTest, APaneThatCannotBeOpenedIsAPageThatSaysWhy) {
+  registerClasses({kUnmakeable});
+  const std::pair<const char*, const char*> pages[] = {
+      {"QDNothing",
+       "This page is made by the class “QDNothing”, which is not part of this version."},
+      {"PSTableCell", "This row names the class “PSTableCell”, which is not a page."},
+      {"UnmakeablePane", "The class “UnmakeablePane” could not set up this page."},
+  };
+  for (const auto& [name, explanation] : pages) {
+    const auto list = cast<PSListController>(makePane(name, row("Its row")));
+    ASSERT_TRUE(list) << name;
+    EXPECT_EQ(list->title(), "Its row");
+    ASSERT_EQ(list->specifiers().size(), 1U);
+    const auto group = list->specifiers().front();
+    EXPECT_EQ(group->name(), "Page not available");
+    EXPECT_EQ(group->textForKey("footerText"), explanation);
+    EXPECT_EQ(list->specifiers().front(), group);
   }
 }
 
