@@ -1,6 +1,7 @@
 #include <array>
 
 #include "core/export.h"
+#include "extras/QDPromotionController.h"
 #include "platform/foundation/ClassDescription.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
@@ -8,10 +9,11 @@
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 3> kClasses{
+constexpr std::array<const ClassDescription*, 4> kClasses{
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
+    &QDPromotionController::classObject,
 };
 
 }  // namespace

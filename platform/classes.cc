@@ -3,16 +3,17 @@
 #include <array>
 
 #include "platform/makers/TBPSColoredTableCell.h"
+#include "platform/makers/TBPSSpinnerTableCell.h"
+#include "platform/makers/TBPSWebViewTableCell.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/preferences/PSTableCell.h"
 
 const ClassTable& platformClasses() {
-  static constexpr std::array<const ClassDescription*, 4> kClasses{
-      &PSListController::classObject,
-      &PSTableCell::classObject,
-      &PSEditableTableCell::classObject,
-      &TBPSColoredTableCell::classObject,
+  static constexpr std::array<const ClassDescription*, 6> kClasses{
+      &PSListController::classObject,     &PSTableCell::classObject,
+      &PSEditableTableCell::classObject,  &TBPSColoredTableCell::classObject,
+      &TBPSSpinnerTableCell::classObject, &TBPSWebViewTableCell::classObject,
   };
   static constexpr ClassTable kTable{kClasses};
   return kTable;

@@ -13,6 +13,7 @@
 
 class UIAlertView;
 class UIViewController;
+class UIWebView;
 struct UIFont;
 
 /// What only a machine can give. A program installs one set of services before it makes the first
@@ -106,6 +107,24 @@ class SheetPresenter {
   virtual void show(const std::shared_ptr<UIAlertView>& alert) = 0;
 };
 
+/// Fetching texts over HTTP. Any thread; a call returns when the answer is there or will not come.
+class FetchService {
+ public:
+  virtual ~FetchService() = default;
+  /// The body of the answer. Nothing when none came within the service's bounds of time, size and
+  /// redirects, when it was cut off, had a status other than 2xx, or is not UTF-8.
+  virtual std::optional<std::string> stringWithContentsOfURL(const std::string& url) = 0;
+};
+
+/// Loading pages into web views and, where there is a screen, showing them.
+class WebViewService {
+ public:
+  virtual ~WebViewService() = default;
+  /// The view has a new request. The service tells the view how that load ends, on the main queue
+  /// and not before this call has returned; the view may be gone by then.
+  virtual void load(UIWebView& view) = 0;
+};
+
 struct Services {
   std::shared_ptr<Clock> clock;
   std::shared_ptr<FileService> files;
@@ -115,6 +134,8 @@ struct Services {
   std::shared_ptr<TextMeasurer> text;
   std::shared_ptr<PictureService> pictures;
   std::shared_ptr<SheetPresenter> sheets;
+  std::shared_ptr<FetchService> fetches;
+  std::shared_ptr<WebViewService> webViews;
 };
 
 /// Main thread, before the first use of anything else; every member set.

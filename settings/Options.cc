@@ -54,13 +54,20 @@ Options Options::parse(const QStringList& arguments) {
       text("DIR"));
   const QCommandLineOption renderer(
       text("renderer"), text("How the window is drawn: software (default) or gpu."), text("NAME"));
+  const QCommandLineOption mapHost(
+      text("map-host"),
+      text("Connect to ADDRESS:PORT wherever NAME would be looked up. May be given again."),
+      text("NAME=ADDRESS:PORT"));
+  const QCommandLineOption noWebEngine(
+      text("no-web-engine"),
+      text("Show no web pages: in their place a button opens them in the browser."));
   const QCommandLineOption help({text("h"), text("help")}, text("Show this text."));
   const QCommandLineOption version({text("v"), text("version")}, text("Show the version."));
 
   QCommandLineParser parser;
   parser.setApplicationDescription(text("The Settings application, with QuietDial's panes."));
-  parser.addOptions(
-      {root, bundle, pane, badge, size, scale, screenshot, tour, renderer, help, version});
+  parser.addOptions({root, bundle, pane, badge, size, scale, screenshot, tour, renderer, mapHost,
+                     noWebEngine, help, version});
   if (!parser.parse(arguments)) {
     return wrong(parser.errorText());
   }
@@ -109,6 +116,12 @@ Options Options::parse(const QStringList& arguments) {
     if (!isNumber || !(options.scale >= kSmallestScale && options.scale <= kLargestScale)) {
       return wrong(
           text("--scale is a number from %1 to %2.").arg(kSmallestScale).arg(kLargestScale));
+    }
+  }
+  options.webEngine = !parser.isSet(noWebEngine);
+  for (const auto& host : parser.values(mapHost)) {
+    if (!options.hosts.add(host.toStdString())) {
+      return wrong(text("--map-host is NAME=ADDRESS:PORT."));
     }
   }
   if (parser.isSet(renderer)) {

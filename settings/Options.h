@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <string>
 
+#include "linux/HostMap.h"
+
 /// What the command line asks for.
 struct Options {
   enum class Ask { Run, Help, Version, Error };
@@ -23,6 +25,8 @@ struct Options {
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;
+  HostMap hosts;
+  bool webEngine = true;
 
   bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
 

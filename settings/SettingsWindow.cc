@@ -9,8 +9,10 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/foundation/GlobalQueue.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSListController.h"
+#include "settings/WebViewItem.h"
 
 namespace {
 
@@ -23,6 +25,9 @@ bool isLoading(const QQuickItem& item) {
   if (item.inherits("QQuickImage") && item.property("status").toInt() == kImageLoading) {
     return true;
   }
+  if (const auto* page = qobject_cast<const WebViewItem*>(&item); page && page->isLoading()) {
+    return true;
+  }
   for (const auto* child : item.childItems()) {
     if (isLoading(*child)) {
       return true;
@@ -33,12 +38,13 @@ bool isLoading(const QQuickItem& item) {
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(Sheets& sheets, PictureProvider::PathResolver resolvePicture,
-                               QSize size)
+SettingsWindow::SettingsWindow(Sheets& sheets, WebPages& webPages,
+                               PictureProvider::PathResolver resolvePicture, QSize size)
     : mirror_(engine_), view_(&engine_, nullptr) {
   engine_.addImageProvider(QLatin1String(PictureProvider::kName),
                            new PictureProvider(std::move(resolvePicture)));
   engine_.setProperty("viewMirror", QVariant::fromValue(&mirror_));
+  engine_.setProperty("webPages", QVariant::fromValue(&webPages));
   view_.setTitle(QStringLiteral("Settings"));
   view_.setResizeMode(QQuickView::SizeRootObjectToView);
   view_.resize(size);
@@ -90,11 +96,15 @@ void SettingsWindow::settle() {
   QElapsedTimer time;
   time.start();
   do {
+    if (isLoading(*view_.contentItem()) && !view_.isVisible()) {
+      view_.show();  // the web engine draws only into a window that is shown
+    }
     MainQueue::shared().drain();
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     mirror_.commit();
-  } while ((mirror_.isPending() || isLoading(*view_.contentItem())) &&
-           !time.hasExpired(kLongestSettling));
+  } while (
+      (mirror_.isPending() || !GlobalQueue::shared().isIdle() || isLoading(*view_.contentItem())) &&
+      !time.hasExpired(kLongestSettling));
 }
 
 QImage SettingsWindow::picture() {

@@ -12,14 +12,16 @@
 #include "settings/PictureProvider.h"
 #include "settings/Sheets.h"
 #include "settings/ViewMirror.h"
+#include "settings/WebPages.h"
 
 /// The application's window and all that keeps it up to date. Main thread.
 class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `sheets` outlives the window.
-  SettingsWindow(Sheets& sheets, PictureProvider::PathResolver resolvePicture, QSize size);
+  /// `sheets` and `webPages` outlive the window.
+  SettingsWindow(Sheets& sheets, WebPages& webPages, PictureProvider::PathResolver resolvePicture,
+                 QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 

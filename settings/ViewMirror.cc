@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/uikit/UIActivityIndicatorView.h"
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
@@ -18,6 +19,7 @@
 #include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/UITextField.h"
+#include "platform/uikit/UIWebView.h"
 #include "settings/TableItem.h"
 #include "settings/ViewItem.h"
 #include "settings/ViewSurface.h"
@@ -30,7 +32,7 @@ struct Kind {
 };
 
 // The QML type that shows a view: that of its class or of the nearest superclass named here.
-constexpr std::array<Kind, 8> kKinds{{
+constexpr std::array<Kind, 10> kKinds{{
     {&UITableView::classObject, "TableView"},
     {&UITableViewCell::classObject, "TableCell"},
     {&UITableViewHeaderFooterView::classObject, "HeaderFooter"},
@@ -38,6 +40,8 @@ constexpr std::array<Kind, 8> kKinds{{
     {&UIButton::classObject, "Button"},
     {&UIImageView::classObject, "ImageView"},
     {&UILabel::classObject, "Label"},
+    {&UIActivityIndicatorView::classObject, "ActivityIndicatorView"},
+    {&UIWebView::classObject, "WebView"},
     {&UIView::classObject, "PlainView"},
 }};
 
@@ -174,7 +178,10 @@ void ViewMirror::commit() {
 void ViewMirror::layOut() {
   const auto surfaces = surfaces_;
   for (auto* surface : surfaces) {
-    surface->layOut();
+    // Making an item may run other events, in which a surface may go.
+    if (std::ranges::find(surfaces_, surface) != surfaces_.end()) {
+      surface->layOut();
+    }
   }
 }
 

@@ -14,9 +14,12 @@
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
+#include "linux/HTTPClient.h"
+#include "linux/HTTPFetchService.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/SystemClock.h"
 #include "platform/classes.h"
+#include "platform/foundation/GlobalQueue.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
 #include "settings/AccessibleItemInterface.h"
@@ -29,6 +32,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/WebPages.h"
 #include "tools/version.h"
 
 namespace {
@@ -119,6 +123,8 @@ int run(const Options& options) {
   const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
+  const auto web = std::make_shared<HTTPClient>(options.hosts, HTTPClient::Unmapped::kLookedUp);
+  const auto webPages = std::make_shared<WebPages>(options.hosts, web, options.webEngine);
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
@@ -128,6 +134,8 @@ int run(const Options& options) {
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .fetches = std::make_shared<HTTPFetchService>(web),
+      .webViews = webPages,
   });
   registerClasses(platformClasses());
 
@@ -145,7 +153,7 @@ int run(const Options& options) {
   const auto resolve = [paths](const std::string& path) {
     return paths->forReading(path).value_or("");
   };
-  SettingsWindow window(*sheets, resolve, options.size);
+  SettingsWindow window(*sheets, *webPages, resolve, options.size);
   window.navigation().setAnimated(!options.isPicture());
   const auto first = SettingsListController::withEntries(std::move(entries),
                                                          std::make_shared<BundleLoader>(paths));
@@ -166,6 +174,8 @@ int run(const Options& options) {
     status = QGuiApplication::exec();
   }
   window.navigation().endEditing();
+  web->stop();
+  GlobalQueue::shared().waitUntilIdle();
   MainQueue::shared().drain();
   return status;
 }
@@ -200,6 +210,8 @@ int main(int count, char** values) {
   if (options.renderer == Options::Renderer::Software) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   }
+  // The web engine wants it from the start, whether or not it is ever used.
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   int toolkitCount = 1;  // the arguments are this program's own
   qInstallMessageHandler(handleStartMessage);
   const QGuiApplication application(toolkitCount, values);

@@ -28,6 +28,8 @@ inline constexpr CGFloat kFooterBottomGap = 10;
 inline constexpr CGFloat kBadgeHeight = 22;
 inline constexpr CGFloat kBadgePadding = 7;
 
+inline constexpr CGFloat kActivityIndicatorSize = 20;
+
 inline constexpr UIFont kTitleFont = UIFont::systemFontOfSize(17);
 inline constexpr UIFont kDetailFont = UIFont::systemFontOfSize(17);
 inline constexpr UIFont kHeaderFont = UIFont::systemFontOfSize(13);

@@ -4,6 +4,7 @@
 #include "headless/RecordingFiles.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
+#include "headless/RecordingWebViews.h"
 #include "headless/TableTextMeasurer.h"
 #include "platform/classes.h"
 #include "platform/foundation/MainQueue.h"
@@ -19,6 +20,10 @@ PaneTest::PaneTest() {
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
+      .fetches = web,
+      .webViews = std::make_shared<RecordingWebViews>(
+          [web = web](const NSURLRequest& request) { return web->heightOfPage(request); },
+          recorder),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();
@@ -34,8 +39,11 @@ void PaneTest::layOut() {
 }
 
 void PaneTest::settle() {
-  MainQueue::shared().drain();
-  layOut();
+  do {
+    GlobalQueue::shared().waitUntilIdle();
+    MainQueue::shared().drain();
+    layOut();
+  } while (!GlobalQueue::shared().isIdle());
 }
 
 std::shared_ptr<UITableViewCell> PaneTest::cellAt(PSListController& pane, int index) {

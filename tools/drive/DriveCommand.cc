@@ -1,5 +1,7 @@
 #include "tools/drive/DriveCommand.h"
 
+#include <charconv>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
@@ -9,19 +11,25 @@
 #include <CLI/CLI.hpp>
 
 #include "headless/RecordingAddresses.h"
+#include "headless/RecordingFetches.h"
 #include "headless/RecordingFiles.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
+#include "headless/RecordingWebViews.h"
 #include "headless/TableTextMeasurer.h"
 #include "linux/BundleModule.h"
 #include "linux/DBusNotifications.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
+#include "linux/HTTPClient.h"
+#include "linux/HTTPFetchService.h"
+#include "linux/HostMap.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
+#include "platform/foundation/GlobalQueue.h"
 #include "tools/drive/DriveSession.h"
 #include "tools/drive/LineReader.h"
 
@@ -40,14 +48,8 @@ struct Arguments {
   std::vector<std::string> schemes;
 };
 
-// NAME=ADDRESS:PORT
 std::string checkMappedHost(const std::string& text) {
-  const auto equals = text.find('=');
-  const auto colon = text.rfind(':');
-  const bool complete = equals != std::string::npos && equals > 0 && colon != std::string::npos &&
-                        colon > equals + 1 && colon + 1 < text.size() &&
-                        text.find_first_not_of("0123456789", colon + 1) == std::string::npos;
-  return complete ? "" : "has to be NAME=ADDRESS:PORT";
+  return HostMap().add(text) ? "" : "has to be NAME=ADDRESS:PORT";
 }
 
 void describe(CLI::App& app, Arguments& arguments) {
@@ -130,6 +132,43 @@ Effects realEffects() {
   };
 }
 
+// Pages are not drawn here: how high one is, its server may say.
+std::optional<double> heightOfPage(HTTPClient& web, const NSURLRequest& request) {
+  constexpr double kUsualHeight = 480;
+  constexpr double kGreatestHeight = 1e6;
+  HTTPLimits limits;
+  limits.time = std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::duration<double>(request.timeoutInterval));
+  limits.bytes = std::size_t{16} << 20;
+  const auto answer = web.get(request.url, limits);
+  if (!answer || !answer->isSuccess()) {
+    return std::nullopt;
+  }
+  const auto text = answer->header("content-height");
+  double height = 0;
+  const bool isNumber =
+      text && std::from_chars(text->data(), text->data() + text->size(), height).ec == std::errc{};
+  return isNumber && height >= 0 && height <= kGreatestHeight ? height : kUsualHeight;
+}
+
+// Ends what is still under way in the background when this object goes: scripts do not wait for a
+// server that hangs.
+class BackgroundWork {
+ public:
+  explicit BackgroundWork(std::shared_ptr<HTTPClient> web) : web_(std::move(web)) {}
+  ~BackgroundWork() {
+    web_->stop();
+    GlobalQueue::shared().waitUntilIdle();
+  }
+  BackgroundWork(const BackgroundWork&) = delete;
+  BackgroundWork& operator=(const BackgroundWork&) = delete;
+  BackgroundWork(BackgroundWork&&) = delete;
+  BackgroundWork& operator=(BackgroundWork&&) = delete;
+
+ private:
+  std::shared_ptr<HTTPClient> web_;
+};
+
 int serve(const Arguments& arguments, const std::string& root, std::istream& in, std::ostream& out,
           std::ostream& err) {
   const auto paths = std::make_shared<const DevicePaths>(root, DevicePaths::installedLibrary());
@@ -137,6 +176,11 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
   const auto effects = arguments.effects == "real" ? realEffects() : Effects{};
+  HostMap hosts;
+  for (const auto& host : arguments.mappedHosts) {
+    hosts.add(host);
+  }
+  const auto web = std::make_shared<HTTPClient>(hosts, HTTPClient::Unmapped::kUnreachable);
   installServices({
       .clock = clock,
       .files =
@@ -149,6 +193,10 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .fetches =
+          std::make_shared<RecordingFetches>(std::make_shared<HTTPFetchService>(web), recorder),
+      .webViews = std::make_shared<RecordingWebViews>(
+          [web](const NSURLRequest& request) { return heightOfPage(*web, request); }, recorder),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
@@ -162,6 +210,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   if (effects.notifications) {
     options.exchangeNotifications = [bus = effects.notifications] { bus->process(); };
   }
+  const BackgroundWork background(web);
   DriveSession session(std::move(options), module, clock, recorder, sheets);
   LineReader lines(in, kLongestLine);
   std::string line;

@@ -7,11 +7,13 @@
 #include <utility>
 
 #include "core/preferenceStore.h"
+#include "platform/foundation/GlobalQueue.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/services.h"
 #include "platform/uikit/UIButton.h"
 #include "prefix/prefixes.h"
+#include "root/TweakList.h"
 #include "tools/drive/report.h"
 
 namespace {
@@ -317,8 +319,11 @@ Json DriveSession::globals(const Json& /*request*/) {
     }
   }
   Json reply = success();
-  reply["availableTweaks"] = nullptr;
-  reply["unseenTweaks"] = nullptr;
+  for (const char* name : {"availableTweaks", "unseenTweaks"}) {
+    const auto* list = module_.variable<TweakList>(name);
+    const auto tweaks = list ? list->tweaks() : nullptr;
+    reply[name] = tweaks ? Json(*tweaks) : Json(nullptr);
+  }
   reply["prefixes"] = std::move(pairs);
   return reply;
 }
@@ -329,14 +334,18 @@ Json DriveSession::quit(const Json& /*request*/) {
 }
 
 void DriveSession::settle() {
-  if (options_.exchangeNotifications) {
-    options_.exchangeNotifications();
-  }
-  MainQueue::shared().drain();
-  if (options_.exchangeNotifications) {
-    options_.exchangeNotifications();
-  }
-  layOut();
+  // What ends in the background, and the layout after it, may start more.
+  do {
+    GlobalQueue::shared().waitUntilIdle();
+    if (options_.exchangeNotifications) {
+      options_.exchangeNotifications();
+    }
+    MainQueue::shared().drain();
+    if (options_.exchangeNotifications) {
+      options_.exchangeNotifications();
+    }
+    layOut();
+  } while (!GlobalQueue::shared().isIdle());
 }
 
 void DriveSession::layOut() {
