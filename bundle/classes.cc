@@ -1,19 +1,37 @@
 #include <array>
 
+#include "animated/FLAnimatedImage.h"
+#include "animated/FLAnimatedImageView.h"
+#include "animated/FLWeakProxy.h"
 #include "core/export.h"
 #include "extras/QDPromotionController.h"
 #include "platform/foundation/ClassDescription.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
 #include "root/QDPreferencesListController.h"
+#include "styles/QDButtonPickerCell.h"
+#include "styles/QDButtonStyleSelectionController.h"
+#include "styles/QDDialerStyleSelectionController.h"
+#include "styles/QDDialerTabStyleCell.h"
+#include "styles/QDSystemwideStyleCell.h"
+#include "styles/QDSystemwideStyleSelectionController.h"
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 4> kClasses{
+constexpr std::array<const ClassDescription*, 13> kClasses{
+    &FLAnimatedImage::classObject,
+    &FLAnimatedImageView::classObject,
+    &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
     &QDPromotionController::classObject,
+    &QDDialerStyleSelectionController::classObject,
+    &QDDialerTabStyleCell::classObject,
+    &QDSystemwideStyleSelectionController::classObject,
+    &QDSystemwideStyleCell::classObject,
+    &QDButtonStyleSelectionController::classObject,
+    &QDButtonPickerCell::classObject,
 };
 
 }  // namespace

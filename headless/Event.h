@@ -91,6 +91,11 @@ struct DismissEvent {
   bool operator==(const DismissEvent&) const = default;
 };
 
+struct LogEvent {
+  std::string line;
+  bool operator==(const LogEvent&) const = default;
+};
+
 using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, FetchEvent, LoadStartEvent,
                            LoadFinishEvent, CanOpenEvent, OpenEvent, AlertEvent,
-                           PresentComposeEvent, DismissEvent>;
+                           PresentComposeEvent, DismissEvent, LogEvent>;

@@ -27,7 +27,8 @@ double advance(unsigned char byte) {
 double widthOf(std::string_view text, const UIFont& font) {
   double width = 0;
   for (const char letter : text) {
-    width += advance(static_cast<unsigned char>(letter)) * font.pointSize;
+    const bool raised = font.capitals && letter >= 'a' && letter <= 'z';
+    width += advance(static_cast<unsigned char>(raised ? 'A' : letter)) * font.pointSize;
   }
   return width;
 }

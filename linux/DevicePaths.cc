@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::string_view kUser = "/User/";
 constexpr std::string_view kLibrary = "/Library/";
+constexpr const char* kBundles = "/Library/PreferenceBundles/";
 
 bool climbs(std::string_view path) {
   while (!path.empty()) {
@@ -53,8 +54,14 @@ std::string homeFolder() {
 
 }  // namespace
 
-DevicePaths::DevicePaths(const std::string& root, const std::string& library)
-    : root_(absolute(root)), library_(absolute(library)) {}
+DevicePaths::DevicePaths(const std::string& root, const std::string& library,
+                         const std::string& bundle)
+    : root_(absolute(root)), library_(absolute(library)) {
+  if (!bundle.empty()) {
+    bundle_ = absolute(bundle);
+    bundlePath_ = kBundles + bundle_.substr(bundle_.rfind('/') + 1);
+  }
+}
 
 std::string DevicePaths::defaultRoot() {
   // A relative value of the variable is to be ignored (XDG base directories).
@@ -74,6 +81,12 @@ std::string DevicePaths::installedLibrary() {
 
 std::optional<std::string> DevicePaths::forReading(const std::string& devicePath) const {
   auto path = forWriting(devicePath);
+  if (path && !bundle_.empty() && devicePath.starts_with(bundlePath_)) {
+    const std::string rest = devicePath.substr(bundlePath_.size());
+    if (rest.empty() || rest.front() == '/') {
+      return bundle_ + rest;
+    }
+  }
   if (path && devicePath.starts_with(kLibrary) && access(path->c_str(), F_OK) != 0) {
     path = library_ + "/" + devicePath.substr(kLibrary.size());
   }

@@ -9,7 +9,9 @@
 class DevicePaths {
  public:
   /// `root` need not exist; `library` is the folder that holds PreferenceBundles and the like.
-  DevicePaths(const std::string& root, const std::string& library);
+  /// `bundle`, where it is not empty, is a bundle's folder: it alone stands for the device's bundle
+  /// of that name.
+  DevicePaths(const std::string& root, const std::string& library, const std::string& bundle = {});
 
   /// $XDG_DATA_HOME/quietdial, or .local/share/quietdial in the home folder.
   static std::string defaultRoot();
@@ -30,4 +32,6 @@ class DevicePaths {
  private:
   std::string root_;
   std::string library_;
+  std::string bundle_;      // a real folder; empty for none
+  std::string bundlePath_;  // the device's folder that it stands for
 };

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "platform/makers/TBPSColoredTableCell.h"
+#include "platform/makers/TBPSEmptyHeaderView.h"
 #include "platform/makers/TBPSSpinnerTableCell.h"
 #include "platform/makers/TBPSWebViewTableCell.h"
 #include "platform/preferences/PSEditableTableCell.h"
@@ -10,10 +11,11 @@
 #include "platform/preferences/PSTableCell.h"
 
 const ClassTable& platformClasses() {
-  static constexpr std::array<const ClassDescription*, 6> kClasses{
+  static constexpr std::array<const ClassDescription*, 7> kClasses{
       &PSListController::classObject,     &PSTableCell::classObject,
       &PSEditableTableCell::classObject,  &TBPSColoredTableCell::classObject,
       &TBPSSpinnerTableCell::classObject, &TBPSWebViewTableCell::classObject,
+      &TBPSEmptyHeaderView::classObject,
   };
   static constexpr ClassTable kTable{kClasses};
   return kTable;

@@ -97,6 +97,13 @@ class PictureService {
   virtual std::optional<CGSize> pixelSize(const std::string& path) = 0;
 };
 
+/// The log in which a machine keeps what its programs say.
+class SystemLog {
+ public:
+  virtual ~SystemLog() = default;
+  virtual void write(const std::string& line) = 0;
+};
+
 /// Showing what stands above a page.
 class SheetPresenter {
  public:
@@ -125,6 +132,16 @@ class WebViewService {
   virtual void load(UIWebView& view) = 0;
 };
 
+/// The refreshes of the screen.
+class DisplayRefresh {
+ public:
+  virtual ~DisplayRefresh() = default;
+  /// While wanted, and while the screen shows the program, the service calls
+  /// CADisplayLink::screenDidRefresh on the main thread once for each refresh of the screen. While
+  /// not wanted it does nothing at all.
+  virtual void setWanted(bool wanted) = 0;
+};
+
 struct Services {
   std::shared_ptr<Clock> clock;
   std::shared_ptr<FileService> files;
@@ -136,6 +153,8 @@ struct Services {
   std::shared_ptr<SheetPresenter> sheets;
   std::shared_ptr<FetchService> fetches;
   std::shared_ptr<WebViewService> webViews;
+  std::shared_ptr<DisplayRefresh> displayRefresh;
+  std::shared_ptr<SystemLog> log;
 };
 
 /// Main thread, before the first use of anything else; every member set.

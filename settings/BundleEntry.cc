@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <set>
 #include <system_error>
 
 namespace {
@@ -11,7 +10,19 @@ constexpr const char* kBundles = "/Library/PreferenceBundles/";
 // More bundles than any first page could list; a folder full of anything else ends here.
 constexpr std::size_t kMostBundles = 1000;
 
-std::set<std::string> bundleNames(const std::vector<std::string>& libraryFolders) {
+// A file of the bundle's own folder, never one outside of it.
+bool isFileName(const std::string& name) {
+  return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
+}
+
+std::optional<std::string> textOf(const PropertyListDictionary& dictionary, const char* key) {
+  const auto found = dictionary.find(key);
+  return found == dictionary.end() ? std::nullopt : textOrNothing(found->second);
+}
+
+}  // namespace
+
+std::set<std::string> findBundles(const std::vector<std::string>& libraryFolders) {
   namespace fs = std::filesystem;
   std::set<std::string> names;
   for (const auto& folder : libraryFolders) {
@@ -28,22 +39,10 @@ std::set<std::string> bundleNames(const std::vector<std::string>& libraryFolders
   return names;
 }
 
-// A file of the bundle's own folder, never one outside of it.
-bool isFileName(const std::string& name) {
-  return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
-}
-
-std::optional<std::string> textOf(const PropertyListDictionary& dictionary, const char* key) {
-  const auto found = dictionary.find(key);
-  return found == dictionary.end() ? std::nullopt : textOrNothing(found->second);
-}
-
-}  // namespace
-
-std::vector<BundleEntry> readBundleEntries(const std::vector<std::string>& libraryFolders,
+std::vector<BundleEntry> readBundleEntries(const std::set<std::string>& names,
                                            const FileService& files) {
   std::vector<BundleEntry> entries;
-  for (const auto& name : bundleNames(libraryFolders)) {
+  for (const auto& name : names) {
     const std::string bundlePath = kBundles + name;
     const auto file = files.dictionaryWithContentsOfFile(bundlePath + "/Entry.plist");
     if (!file) {

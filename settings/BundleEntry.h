@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,8 +19,10 @@ struct BundleEntry {
   std::optional<std::string> badge;
 };
 
-/// The entries of the bundles in these Library folders (real paths), by the names of their folders;
-/// of two bundles of one name there is one entry. A bundle without a usable entry is passed over,
-/// with a line on standard error. Main thread.
-std::vector<BundleEntry> readBundleEntries(const std::vector<std::string>& libraryFolders,
+/// The names of the bundle folders in these Library folders (real paths).
+std::set<std::string> findBundles(const std::vector<std::string>& libraryFolders);
+
+/// The entries of the bundles of these names, in their order. A bundle without a usable entry is
+/// passed over, with a line on standard error. Main thread.
+std::vector<BundleEntry> readBundleEntries(const std::set<std::string>& names,
                                            const FileService& files);

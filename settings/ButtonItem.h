@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QUrl>
+#include <optional>
 
 #include "settings/ViewItem.h"
 
@@ -12,19 +13,26 @@ class ButtonItem : public ViewItem {
   Q_PROPERTY(QUrl source READ source NOTIFY lookChanged)
 
  public:
-  using ViewItem::ViewItem;
+  explicit ButtonItem(QQuickItem* parent = nullptr);
 
   QUrl source() const { return source_; }
 
-  QAccessible::Role accessibleRole() const override { return QAccessible::Button; }
+  /// One of several alternatives is a radio button.
+  QAccessible::Role accessibleRole() const override;
   QString accessibleName() const override { return name_; }
+  void addAccessibleState(QAccessible::State& state) const override;
   bool isPressable() const override;
   void press() override;
 
  protected:
   void takeOverLook() override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void itemChange(ItemChange change, const ItemChangeData& data) override;
 
  private:
+  void updateTabStop();
+
   QUrl source_;
   QString name_;
+  std::optional<bool> chosen_;  // nothing where it is no alternative
 };

@@ -4,7 +4,10 @@
 #include "settings/PictureProvider.h"
 
 void ImageItem::takeOverLook() {
-  const auto image = viewAs<UIImageView>()->image();
+  auto& layer = viewAs<UIImageView>()->layer();
+  layer.displayIfNeeded();
+  contents_ = layer.contents();
+  const auto image = contents_ ? nullptr : viewAs<UIImageView>()->image();
   const bool isTemplate = image && image->renderingMode() == UIImageRenderingMode::kAlwaysTemplate;
   source_ = image ? PictureProvider::urlFor(*image, isTemplate ? tint() : QColor()) : QUrl();
 }

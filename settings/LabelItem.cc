@@ -1,18 +1,8 @@
 #include "settings/LabelItem.h"
 
 #include "platform/uikit/UILabel.h"
-#include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "settings/SpokenText.h"
 #include "settings/SystemFont.h"
-
-namespace {
-
-bool isHeaderText(const UILabel& label) {
-  const auto header = cast<UITableViewHeaderFooterView>(label.superview());
-  return header && header->edge() == UITableViewSectionEdge::kHeader;
-}
-
-}  // namespace
 
 QAccessible::Role LabelItem::accessibleRole() const {
   return text_.trimmed().isEmpty() ? QAccessible::NoRole : QAccessible::StaticText;
@@ -30,9 +20,6 @@ void LabelItem::takeOverLook() {
   font_ = system_font::font(label.font());
   textColor_ = toQColor(label.textColor());
   lines_ = label.numberOfLines();
-  if (isHeaderText(label)) {
-    font_.setCapitalization(QFont::AllUppercase);
-  }
   switch (label.textAlignment()) {
     case NSTextAlignment::kCenter:
       alignment_ = Qt::AlignHCenter;

@@ -9,8 +9,11 @@ constexpr int kPageRole = Qt::UserRole;
 }  // namespace
 
 Navigation::Navigation()
-    : outer_(allocInit<UINavigationController>()), inner_(allocInit<UINavigationController>()) {
+    : window_(allocInit<UIWindow>()),
+      outer_(allocInit<UINavigationController>()),
+      inner_(allocInit<UINavigationController>()) {
   outer_->pushViewControllerAnimated(inner_, false);
+  window_->setRootViewController(outer_);
   inner_->setObserver(this);
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIWindow.h"
 #include "settings/Page.h"
 
 /// The pages of the window: a navigation controller inside another one, as the Settings application
@@ -57,6 +58,7 @@ class Navigation : public QAbstractListModel, public UINavigationControllerObser
  private:
   void dropLeftPages();
 
+  std::shared_ptr<UIWindow> window_;
   std::shared_ptr<UINavigationController> outer_;
   std::shared_ptr<UINavigationController> inner_;
   std::vector<std::unique_ptr<Page>> pages_;

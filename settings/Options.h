@@ -6,11 +6,14 @@
 #include <string>
 
 #include "linux/HostMap.h"
+#include "platform/uikit/UIApplication.h"
+#include "settings/Appearance.h"
 
 /// What the command line asks for.
 struct Options {
   enum class Ask { Run, Help, Version, Error };
   enum class Renderer { Software, Gpu };
+  enum class Effects { Real, None };
 
   Ask ask = Ask::Run;
   QString message;  // the help text, or what is wrong
@@ -21,12 +24,19 @@ struct Options {
   QString entryBadge;
   bool hasEntryBadge = false;
   QSize size{375, 667};
-  double scale = 0;  // 0: the screen's
+  double scale = 0;        // 0: the screen's
+  double refreshRate = 0;  // 0: the screen's
+  QString gif;
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;
   HostMap hosts;
   bool webEngine = true;
+  Effects effects = Effects::Real;  // None for pictures
+  Appearance::Scheme scheme = Appearance::Scheme::System;
+  Appearance::Motion motion = Appearance::Motion::System;
+  Appearance::Direction direction = Appearance::Direction::System;
+  UIContentSizeCategory textSize = UIContentSizeCategory::kLarge;
 
   bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
 

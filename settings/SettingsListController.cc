@@ -1,10 +1,13 @@
 #include "settings/SettingsListController.h"
 
+#include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "platform/uikit/UIImage.h"
 #include "platform/uikit/UINavigationController.h"
 #include "settings/BundleFailureController.h"
+#include "settings/HeldBackController.h"
 
 constexpr ClassDescription SettingsListController::classObject{"SettingsListController",
                                                                &PSListController::classObject,
@@ -12,10 +15,12 @@ constexpr ClassDescription SettingsListController::classObject{"SettingsListCont
                                                                {}};
 
 std::shared_ptr<SettingsListController> SettingsListController::withEntries(
-    std::vector<BundleEntry> entries, std::shared_ptr<BundleLoader> loader) {
+    std::vector<BundleEntry> entries, std::shared_ptr<BundleLoader> loader,
+    std::shared_ptr<OpeningRecord> record) {
   auto page = allocInit<SettingsListController>();
   page->entries_ = std::move(entries);
   page->loader_ = std::move(loader);
+  page->record_ = std::move(record);
   page->setTitle("Settings");
   return page;
 }
@@ -53,6 +58,7 @@ void SettingsListController::tableViewDidSelectRowAtIndexPath(UITableView& /*tab
 
 void SettingsListController::open(std::size_t entry, bool animated) {
   const auto row = specifiers()[entry + 1];
+  record_->begin(row->detail());
   const std::string error = loader_->load(entries_[entry]);
   navigationController()->pushViewControllerAnimated(
       error.empty() ? makePane(row->detail(), row)
@@ -61,24 +67,69 @@ void SettingsListController::open(std::size_t entry, bool animated) {
 }
 
 void SettingsListController::openPane(const std::string& className) {
+  const auto exact = std::ranges::find(entries_, className, &BundleEntry::detail);
+  if (exact != entries_.end()) {
+    openInEntry(exact - entries_.begin(), className);
+    return;
+  }
+  std::optional<std::size_t> heldBack;
   for (std::size_t entry = 0; entry < entries_.size(); ++entry) {
-    const bool loaded = loader_->load(entries_[entry]).empty();
-    if (className == entries_[entry].detail) {
-      open(entry, false);
-      return;
-    }
-    if (!loaded || !NSClassFromString(className)) {
+    const auto& first = entries_[entry].detail;
+    if (record_->tookProgramDown(first)) {
+      heldBack = heldBack.value_or(entry);
       continue;
     }
-    open(entry, false);
-    const auto first = cast<PSListController>(navigationController()->topViewController());
-    for (const auto& row : first ? first->specifiers() : PSSpecifiers()) {
-      if (row->detail() == className) {
-        navigationController()->pushViewControllerAnimated(makePane(className, row), false);
-        return;
-      }
+    record_->begin(first);
+    if (loader_->load(entries_[entry]).empty() && NSClassFromString(className)) {
+      openInEntry(entry, className);
+      return;
     }
-    break;
+  }
+  if (heldBack) {
+    openInEntry(*heldBack, className);
+    return;
   }
   navigationController()->pushViewControllerAnimated(makePane(className, nullptr), false);
+}
+
+void SettingsListController::openInEntry(std::size_t entry, const std::string& className) {
+  const auto row = specifiers()[entry + 1];
+  const auto open = [this, entry, className] {
+    this->open(entry, false);
+    if (className != entries_[entry].detail && NSClassFromString(className)) {
+      openFromTopPage(className);
+    }
+  };
+  if (!holdBack(row->detail(), row, open)) {
+    open();
+  }
+}
+
+void SettingsListController::openFromTopPage(const std::string& className) {
+  const auto page = cast<PSListController>(navigationController()->topViewController());
+  const auto rows = page ? page->specifiers() : PSSpecifiers();
+  const auto found = std::ranges::find(rows, className, &PSSpecifier::detail);
+  const auto row = found == rows.end() ? nullptr : *found;
+  const auto open = [this, className, row] {
+    record_->begin(className);
+    navigationController()->pushViewControllerAnimated(makePane(className, row), false);
+  };
+  if (!holdBack(className, row, open)) {
+    open();
+  }
+}
+
+bool SettingsListController::holdBack(const std::string& className,
+                                      const std::shared_ptr<PSSpecifier>& row,
+                                      std::function<void()> open) {
+  if (!record_->tookProgramDown(className)) {
+    return false;
+  }
+  const auto openInItsPlace = [this, open = std::move(open)] {
+    navigationController()->popViewControllerAnimated(false);
+    open();
+  };
+  navigationController()->pushViewControllerAnimated(
+      HeldBackController::forPane(className, row, openInItsPlace), false);
+  return true;
 }

@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QQuickItem>
 #include <QResizeEvent>
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -12,35 +13,47 @@
 #include "platform/foundation/GlobalQueue.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSListController.h"
+#include "settings/Appearance.h"
 #include "settings/WebViewItem.h"
 
 namespace {
 
 // Pictures of a page that are not there by then are left out, in milliseconds.
 constexpr int kLongestSettling = 5000;
+// A page of the web engine has been drawn when no frame comes for that long, in milliseconds.
+constexpr int kQuiet = 200;
 constexpr int kBarHeight = 44;
 
-bool isLoading(const QQuickItem& item) {
+template <class Condition>
+bool anyOf(const QQuickItem& item, const Condition& condition) {
+  if (condition(item)) {
+    return true;
+  }
+  const auto children = item.childItems();
+  return std::ranges::any_of(children,
+                             [&](const QQuickItem* child) { return anyOf(*child, condition); });
+}
+
+bool isLoadingPicture(const QQuickItem& item) {
   constexpr int kImageLoading = 2;
-  if (item.inherits("QQuickImage") && item.property("status").toInt() == kImageLoading) {
-    return true;
-  }
-  if (const auto* page = qobject_cast<const WebViewItem*>(&item); page && page->isLoading()) {
-    return true;
-  }
-  for (const auto* child : item.childItems()) {
-    if (isLoading(*child)) {
-      return true;
-    }
-  }
-  return false;
+  return item.inherits("QQuickImage") && item.property("status").toInt() == kImageLoading;
+}
+
+bool isEnginePage(const QQuickItem& item) {
+  const auto* page = qobject_cast<const WebViewItem*>(&item);
+  return page && page->usesEngine();
+}
+
+bool isBusyPage(const QQuickItem& item) {
+  const auto* page = qobject_cast<const WebViewItem*>(&item);
+  return page && page->isBusy();
 }
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(Sheets& sheets, WebPages& webPages,
+SettingsWindow::SettingsWindow(Sheets& sheets, WebPages& webPages, OpeningRecord& record,
                                PictureProvider::PathResolver resolvePicture, QSize size)
-    : mirror_(engine_), view_(&engine_, nullptr) {
+    : record_(record), mirror_(engine_), view_(&engine_, nullptr) {
   engine_.addImageProvider(QLatin1String(PictureProvider::kName),
                            new PictureProvider(std::move(resolvePicture)));
   engine_.setProperty("viewMirror", QVariant::fromValue(&mirror_));
@@ -58,10 +71,24 @@ SettingsWindow::SettingsWindow(Sheets& sheets, WebPages& webPages,
   view_.installEventFilter(this);
   connect(&queue_, &MainQueueHost::turned, &mirror_, &ViewMirror::scheduleCommit);
   connect(&mirror_, &ViewMirror::committed, &navigation_, &Navigation::refresh);
+  connect(&mirror_, &ViewMirror::paneRequested, this,
+          [this](const std::string& className) { record_.begin(className); });
+  connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::pagesAreShown);
+  connect(&Appearance::shared(), &Appearance::changed, &mirror_, &ViewMirror::bringOverAll);
 }
 
 SettingsWindow::~SettingsWindow() {
   view_.removeEventFilter(this);
+}
+
+void SettingsWindow::follow(WindowRefresh& refresh) {
+  refresh.follow(view_);
+  // What a refresh has changed is seen in the same frame.
+  connect(&refresh, &WindowRefresh::refreshed, &mirror_, [this] {
+    if (mirror_.isPending()) {
+      mirror_.commit();
+    }
+  });
 }
 
 void SettingsWindow::show() {
@@ -95,19 +122,39 @@ int SettingsWindow::wholePageHeight() {
 void SettingsWindow::settle() {
   QElapsedTimer time;
   time.start();
+  const auto& content = *view_.contentItem();
   do {
-    if (isLoading(*view_.contentItem()) && !view_.isVisible()) {
+    if (!view_.isVisible() && anyOf(content, isBusyPage)) {
       view_.show();  // the web engine draws only into a window that is shown
     }
     MainQueue::shared().drain();
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     mirror_.commit();
-  } while (
-      (mirror_.isPending() || !GlobalQueue::shared().isIdle() || isLoading(*view_.contentItem())) &&
-      !time.hasExpired(kLongestSettling));
+  } while ((mirror_.isPending() || !GlobalQueue::shared().isIdle() ||
+            anyOf(content, isLoadingPicture) || anyOf(content, isBusyPage)) &&
+           !time.hasExpired(kLongestSettling));
+  if (anyOf(content, isEnginePage)) {
+    // The engine draws what it has loaded a little later, in frames of its own.
+    QElapsedTimer quiet;
+    quiet.start();
+    const auto frames =
+        connect(&view_, &QQuickWindow::frameSwapped, this, [&quiet] { quiet.restart(); });
+    while (!quiet.hasExpired(kQuiet) && !time.hasExpired(kLongestSettling)) {
+      QCoreApplication::processEvents(QEventLoop::AllEvents, kQuiet / 4);
+    }
+    disconnect(frames);
+  }
 }
 
 QImage SettingsWindow::picture() {
   settle();
-  return view_.grabWindow();
+  const QImage image = view_.grabWindow();
+  pagesAreShown();
+  return image;
+}
+
+void SettingsWindow::pagesAreShown() {
+  if (record_.isOpening() && !mirror_.isPending()) {
+    record_.succeed();
+  }
 }

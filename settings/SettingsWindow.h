@@ -9,23 +9,28 @@
 
 #include "settings/MainQueueHost.h"
 #include "settings/Navigation.h"
+#include "settings/OpeningRecord.h"
 #include "settings/PictureProvider.h"
 #include "settings/Sheets.h"
 #include "settings/ViewMirror.h"
 #include "settings/WebPages.h"
+#include "settings/WindowRefresh.h"
 
 /// The application's window and all that keeps it up to date. Main thread.
 class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `sheets` and `webPages` outlive the window.
-  SettingsWindow(Sheets& sheets, WebPages& webPages, PictureProvider::PathResolver resolvePicture,
-                 QSize size);
+  /// `sheets`, `webPages` and `record` outlive the window.
+  SettingsWindow(Sheets& sheets, WebPages& webPages, OpeningRecord& record,
+                 PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 
   Navigation& navigation() { return navigation_; }
+
+  /// What moves follows these refreshes, which follow the window.
+  void follow(WindowRefresh& refresh);
 
   void show();
   /// As the user closes it: what is being typed is kept.
@@ -45,7 +50,9 @@ class SettingsWindow : public QObject {
 
  private:
   void settle();
+  void pagesAreShown();
 
+  OpeningRecord& record_;
   MainQueueHost queue_;
   QQmlEngine engine_;
   ViewMirror mirror_;

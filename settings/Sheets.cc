@@ -5,6 +5,14 @@
 #include "platform/foundation/MainQueue.h"
 #include "platform/social/SLComposeViewController.h"
 
+void Sheets::cancel() {
+  if (alert()) {
+    closeAlert();
+  } else if (compose()) {
+    compose()->cancel();
+  }
+}
+
 void Sheets::closeAlert() {
   if (alerts_.empty()) {
     return;

@@ -25,6 +25,10 @@ class Sheets : public QObject, public SheetPresenter {
   AlertModel* alert() const { return alerts_.empty() ? nullptr : alerts_.front().get(); }
   ComposeModel* compose() const { return compose_.get(); }
 
+  bool isShowing() const { return alert() || compose(); }
+  /// What Escape does: takes away what stands on top.
+  void cancel();
+
   /// The user has closed the alert.
   Q_INVOKABLE void closeAlert();
 

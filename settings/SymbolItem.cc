@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include "settings/Appearance.h"
+
 SymbolItem::SymbolItem(QQuickItem* parent) : QQuickPaintedItem(parent) {
   setAntialiasing(true);
   connect(this, &SymbolItem::changed, this, [this] { update(); });
@@ -30,6 +32,10 @@ void SymbolItem::paint(QPainter* painter) {
       path.lineTo(box.left() + box.width() * 0.35, box.bottom());
       path.lineTo(box.topRight());
       break;
+  }
+  if (symbol_ != Symbol::Checkmark && Appearance::shared().isMirrored()) {
+    painter->translate(width(), 0);
+    painter->scale(-1, 1);
   }
   painter->setRenderHint(QPainter::Antialiasing);
   painter->setPen(QPen(color_, stroke_, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));

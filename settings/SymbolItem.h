@@ -3,7 +3,8 @@
 #include <QColor>
 #include <QQuickPaintedItem>
 
-/// A line-drawn sign of the window's own, crisp at every scale.
+/// A line-drawn sign of the window's own, crisp at every scale. Forward and Back point where the
+/// window's direction has them.
 class SymbolItem : public QQuickPaintedItem {
   Q_OBJECT
   QML_ELEMENT

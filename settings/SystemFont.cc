@@ -55,6 +55,7 @@ QFont system_font::font(const UIFont& font) {
   result.setPixelSize(qMax(1, qRound(font.pointSize)));
   result.setWeight(font.weight == UIFontWeight::kSemibold ? QFont::DemiBold : QFont::Normal);
   result.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing(font.pointSize));
+  result.setCapitalization(font.capitals ? QFont::AllUppercase : QFont::MixedCase);
   result.setHintingPreference(QFont::PreferNoHinting);
   return result;
 }

@@ -1,26 +1,49 @@
 #include "settings/TableCellItem.h"
 
 #include <QStringList>
+#include <algorithm>
 
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UITableView.h"
+#include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/metrics.h"
 #include "settings/SpokenText.h"
 #include "settings/TableItem.h"
-#include "settings/TextFieldItem.h"
 
 namespace {
 
-TextFieldItem* fieldIn(const QQuickItem& item) {
+// What the keyboard goes to in a row that is not pressed itself: a field, or the one of several
+// alternatives that the Tab key stops at.
+AccessibleItem* controlIn(const QQuickItem& item) {
   for (auto* child : item.childItems()) {
-    if (auto* field = qobject_cast<TextFieldItem*>(child)) {
-      return field;
+    auto* element = qobject_cast<AccessibleItem*>(child);
+    const auto role = element ? element->accessibleRole() : QAccessible::NoRole;
+    if (role == QAccessible::EditableText ||
+        (role == QAccessible::RadioButton && element->activeFocusOnTab())) {
+      return element;
     }
-    if (auto* field = fieldIn(*child)) {
-      return field;
+    if (auto* control = controlIn(*child)) {
+      return control;
     }
   }
   return nullptr;
+}
+
+// The group's title; empty where the row stands in no table yet or its group has none.
+QString groupTitle(const UITableViewCell& cell) {
+  const auto wrapper = cell.superview();
+  const auto table = wrapper ? cast<UITableView>(wrapper->superview()) : nullptr;
+  const auto path = table ? table->indexPathForCell(cell) : std::nullopt;
+  const auto header =
+      path ? cast<UITableViewHeaderFooterView>(table->headerViewForSection(path->section))
+           : nullptr;
+  return header ? QString::fromStdString(header->textLabel()->text()) : QString();
+}
+
+bool holdsAlternatives(const UIView& view) {
+  return std::ranges::any_of(view.subviews(), [](const auto& subview) {
+    return subview->accessibilitySelected() || holdsAlternatives(*subview);
+  });
 }
 
 // What the row says beside its title: the value and whatever else is written in it.
@@ -37,14 +60,17 @@ void collectTexts(const UIView& view, const UIView* title, QStringList& texts) {
 }  // namespace
 
 bool TableCellItem::isStop() const {
-  return selectable_ || fieldIn(*this);
+  return selectable_ || controlIn(*this);
 }
 
 QAccessible::Role TableCellItem::accessibleRole() const {
   if (selectable_) {
     return isChoice_ ? QAccessible::RadioButton : QAccessible::Button;
   }
-  return name_.isEmpty() || fieldIn(*this) ? QAccessible::NoRole : QAccessible::StaticText;
+  if (holdsAlternatives_) {
+    return QAccessible::Grouping;
+  }
+  return name_.isEmpty() || controlIn(*this) ? QAccessible::NoRole : QAccessible::StaticText;
 }
 
 void TableCellItem::addAccessibleState(QAccessible::State& state) const {
@@ -67,8 +93,8 @@ bool TableCellItem::speaksFor(const AccessibleItem& element) const {
 }
 
 void TableCellItem::takeFocus(Qt::FocusReason reason) {
-  if (auto* field = selectable_ ? nullptr : fieldIn(*this)) {
-    field->takeFocus(reason);
+  if (auto* control = selectable_ ? nullptr : controlIn(*this)) {
+    control->takeFocus(reason);
     return;
   }
   ViewItem::takeFocus(reason);
@@ -83,6 +109,8 @@ void TableCellItem::takeOverLook() {
                 cell.position() == UITableViewCellPosition::kSingle;
   closesGroup_ = cell.position() == UITableViewCellPosition::kLast ||
                  cell.position() == UITableViewCellPosition::kSingle;
+  plain_ =
+      cell.backgroundColor() && cell.backgroundColor()->system == UISystemColor::kRowBackground;
   indicator_ = Indicator::None;
   if (!cell.accessoryView()) {
     if (cell.accessoryType() == UITableViewCellAccessoryType::kDisclosureIndicator) {
@@ -115,6 +143,10 @@ void TableCellItem::takeOverName(const UITableViewCell& cell) {
     texts.append(spokenText(title_));
   }
   collectTexts(cell, cell.textLabel().get(), texts);
+  holdsAlternatives_ = holdsAlternatives(cell);
+  if (holdsAlternatives_) {
+    texts = {groupTitle(cell)};
+  }
   const QString name = texts.join(QStringLiteral(", "));
   if (name != name_) {
     name_ = name;

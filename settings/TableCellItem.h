@@ -13,6 +13,8 @@ class TableCellItem : public ViewItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(bool selectable READ isPressable NOTIFY lookChanged)
+  /// Whether the row has the colour of every row, and none of its own.
+  Q_PROPERTY(bool plain READ isPlain NOTIFY lookChanged)
   Q_PROPERTY(Indicator indicator READ indicator NOTIFY lookChanged)
   Q_PROPERTY(bool opensGroup READ opensGroup NOTIFY lookChanged)
   Q_PROPERTY(bool closesGroup READ closesGroup NOTIFY lookChanged)
@@ -26,6 +28,7 @@ class TableCellItem : public ViewItem {
 
   using ViewItem::ViewItem;
 
+  bool isPlain() const { return plain_; }
   Indicator indicator() const { return indicator_; }
   bool opensGroup() const { return opensGroup_; }
   bool closesGroup() const { return closesGroup_; }
@@ -33,7 +36,7 @@ class TableCellItem : public ViewItem {
   qreal separatorRight() const { return separatorRight_; }
   const QString& title() const { return title_; }
 
-  /// Whether the keyboard stops here: the row can be pressed or holds a field.
+  /// Whether the keyboard stops here: the row can be pressed or holds a control.
   bool isStop() const;
 
   QAccessible::Role accessibleRole() const override;
@@ -56,8 +59,10 @@ class TableCellItem : public ViewItem {
   Indicator indicator_ = Indicator::None;
   qreal separatorLeft_ = 0;
   qreal separatorRight_ = 0;
+  bool plain_ = true;
   bool selectable_ = false;
   bool opensGroup_ = true;
   bool closesGroup_ = true;
   bool isChoice_ = false;
+  bool holdsAlternatives_ = false;
 };

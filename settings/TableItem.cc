@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/foundation/NSRunLoop.h"
+#include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UITableView.h"
 #include "settings/TableCellItem.h"
 #include "settings/ViewMirror.h"
@@ -22,8 +24,25 @@ TableItem::TableItem(QQuickItem* parent) : ViewItem(parent) {
   setFlag(ItemIsFocusScope);
 }
 
+TableItem::~TableItem() {
+  setScrolling(false);
+}
+
+void TableItem::setScrolling(bool scrolling) {
+  if (scrolling == scrolling_) {
+    return;
+  }
+  scrolling_ = scrolling;
+  NSRunLoop::mainRunLoop().setCurrentMode(scrolling ? UITrackingRunLoopMode : NSDefaultRunLoopMode);
+  emit scrollingChanged();
+}
+
 void TableItem::tapRow(const UITableViewCell& cell) {
   auto* table = viewAs<UITableView>();
+  const auto* row = dynamic_cast<const PSTableCell*>(&cell);
+  if (row && row->specifier() && !row->specifier()->detail().empty()) {
+    emit mirror()->paneRequested(row->specifier()->detail());
+  }
   if (const auto path = table ? table->indexPathForCell(cell) : std::nullopt) {
     table->tapRow(*path);
   }
@@ -92,12 +111,14 @@ void TableItem::makeCurrent(TableCellItem* row) {
 }
 
 void TableItem::followFocus() {
-  for (auto* item = window() ? window()->activeFocusItem() : nullptr; item && item != this;
-       item = item->parentItem()) {
+  auto* focused = window() ? window()->activeFocusItem() : nullptr;
+  for (auto* item = focused; item && item != this; item = item->parentItem()) {
     auto* row = qobject_cast<TableCellItem*>(item);
     if (row && row->ancestor<TableItem>() == this) {
       makeCurrent(row);
-      emit revealRequested(row->y(), row->height());
+      // A row may be higher than the page; what the keyboard is on has to be in sight.
+      const QRectF place = focused->mapRectToItem(row, QRectF(QPointF(), focused->size()));
+      emit revealRequested(row->y() + place.y(), place.height());
       return;
     }
   }

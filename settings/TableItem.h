@@ -17,11 +17,18 @@ class TableItem : public ViewItem {
   Q_OBJECT
   QML_ELEMENT
   Q_PROPERTY(qreal contentHeight READ contentHeight NOTIFY lookChanged)
+  /// Whether the user's finger, or what it has set in motion, moves the list.
+  Q_PROPERTY(bool scrolling READ isScrolling WRITE setScrolling NOTIFY scrollingChanged)
 
  public:
   explicit TableItem(QQuickItem* parent = nullptr);
+  ~TableItem() override;
+  Q_DISABLE_COPY_MOVE(TableItem)
 
   qreal contentHeight() const { return contentHeight_; }
+  bool isScrolling() const { return scrolling_; }
+  /// Puts the main run loop into its tracking mode meanwhile.
+  void setScrolling(bool scrolling);
 
   /// The user has tapped that row.
   void tapRow(const UITableViewCell& cell);
@@ -32,6 +39,7 @@ class TableItem : public ViewItem {
   QString accessibleName() const override;
 
  signals:
+  void scrollingChanged();
   /// The keyboard has gone to what lies there in the list.
   void revealRequested(qreal y, qreal height);
 
@@ -60,4 +68,5 @@ class TableItem : public ViewItem {
   QString typed_;
   quint64 lastTyped_ = 0;
   qreal contentHeight_ = 0;
+  bool scrolling_ = false;
 };

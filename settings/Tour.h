@@ -3,33 +3,62 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <functional>
+#include <memory>
+
+#include "platform/uikit/UIApplication.h"
+#include "settings/Appearance.h"
 
 class SettingsWindow;
+class Sheets;
+class UIViewController;
 
-/// Pictures of every page that rows lead to, and an index over them.
+/// Pictures of every page that rows lead to and of the sheets that stand above them, each in light
+/// and dark, at three widths and two text sizes, and an index over them.
 class Tour {
  public:
-  Tour(SettingsWindow& window, QString folder);
+  /// Gives a window on the first page, made anew; the one before is gone by then.
+  using WindowMaker = std::function<std::unique_ptr<SettingsWindow>()>;
 
-  /// Starts on the window's first page and ends there. False when something could not be written
-  /// or drawn; error() then says what.
+  /// Pages are at least `height` points high. `sheets` are those of the windows.
+  Tour(WindowMaker makeWindow, Sheets& sheets, int height, QString folder);
+
+  /// False when something could not be written or drawn; error() then says what.
   bool run();
 
   const QString& error() const { return error_; }
 
  private:
-  struct Picture {
-    QString file;
-    QString title;
+  struct Look {
+    int width;
+    Appearance::Scheme scheme;
+    UIContentSizeCategory textSize;
+    QString name() const;
+  };
+  struct Subject {
+    QString name;   // of its files
+    QString title;  // for people
+    QStringList files;
   };
 
   bool visit(int depth);
-  bool takePicture();
+  bool visitRow(int index, int depth);
+  bool visitStandIns();
+  bool takePictures(const QString& name, const QString& title);
+  bool takePicture(const Look& look, Subject& subject);
+  bool takePicturesOfPage();
+  bool takePicturesOfSheet(const QString& name);
+  Subject& subjectNamed(const QString& name, const QString& title);
   bool writeIndex();
 
-  SettingsWindow& window_;
+  WindowMaker makeWindow_;
+  Sheets& sheets_;
+  int height_;
   QString folder_;
   QString error_;
+  std::unique_ptr<SettingsWindow> window_;
+  UIContentSizeCategory textSize_ = UIContentSizeCategory::kLarge;
   QStringList visited_;
-  QList<Picture> pictures_;
+  QList<Subject> subjects_;
+  int next_ = 0;  // number of the next subject at this text size
 };

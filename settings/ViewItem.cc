@@ -3,11 +3,11 @@
 #include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITapGestureRecognizer.h"
 #include "platform/uikit/UIView.h"
+#include "settings/Appearance.h"
 #include "settings/ViewMirror.h"
 
 QColor toQColor(const UIColor& color) {
-  return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                          static_cast<float>(color.blue), static_cast<float>(color.alpha));
+  return Appearance::shared().shown(color);
 }
 
 ViewItem::ViewItem(QQuickItem* parent) : AccessibleItem(parent) {}
@@ -27,6 +27,13 @@ void ViewItem::detach() {
   view_ = nullptr;
 }
 
+// Frames are those of a page that runs from left to right.
+qreal ViewItem::mirroredX(const CGRect& frame) const {
+  const auto superview = Appearance::shared().isMirrored() ? view_->superview() : nullptr;
+  return superview ? superview->bounds().size.width - frame.origin.x - frame.size.width
+                   : frame.origin.x;
+}
+
 bool ViewItem::recognizesTaps() const {
   return view_ && !view_->gestureRecognizers().empty();
 }
@@ -36,7 +43,7 @@ bool ViewItem::takeOver() {
     return false;
   }
   const CGRect frame = view_->frame();
-  setPosition({frame.origin.x, frame.origin.y});
+  setPosition({mirroredX(frame), frame.origin.y});
   setSize({frame.size.width, frame.size.height});
   takeOverVisibility(view_->isHidden());
   color_ = view_->backgroundColor() ? toQColor(*view_->backgroundColor()) : Qt::transparent;

@@ -3,12 +3,14 @@
 #include <QColor>
 #include <memory>
 
+#include "platform/coregraphics/CGGeometry.h"
 #include "platform/uikit/UIColor.h"
 #include "settings/AccessibleItem.h"
 
 class UIView;
 class ViewMirror;
 
+/// The colour as the window shows it now.
 QColor toQColor(const UIColor& color);
 
 /// Shows one view of the frameworks; its look is given by the QML type of the view's kind. The view
@@ -76,6 +78,8 @@ class ViewItem : public AccessibleItem {
   virtual void takeOverVisibility(bool hidden) { setVisible(!hidden); }
 
  private:
+  qreal mirroredX(const CGRect& frame) const;
+
   UIView* view_ = nullptr;
   ViewMirror* mirror_ = nullptr;
   QQuickItem* container_ = nullptr;

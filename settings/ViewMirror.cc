@@ -15,11 +15,13 @@
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
+#include "platform/uikit/UISegmentedControl.h"
 #include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/UITextField.h"
 #include "platform/uikit/UIWebView.h"
+#include "settings/Appearance.h"
 #include "settings/TableItem.h"
 #include "settings/ViewItem.h"
 #include "settings/ViewSurface.h"
@@ -32,11 +34,12 @@ struct Kind {
 };
 
 // The QML type that shows a view: that of its class or of the nearest superclass named here.
-constexpr std::array<Kind, 10> kKinds{{
+constexpr std::array<Kind, 11> kKinds{{
     {&UITableView::classObject, "TableView"},
     {&UITableViewCell::classObject, "TableCell"},
     {&UITableViewHeaderFooterView::classObject, "HeaderFooter"},
     {&UITextField::classObject, "TextField"},
+    {&UISegmentedControl::classObject, "SegmentedControl"},
     {&UIButton::classObject, "Button"},
     {&UIImageView::classObject, "ImageView"},
     {&UILabel::classObject, "Label"},
@@ -136,6 +139,13 @@ void ViewMirror::viewDestroyed(const UIView& view) {
   }
 }
 
+void ViewMirror::bringOverAll() {
+  for (const auto& [view, item] : items_) {
+    changed_.insert(view);
+  }
+  scheduleCommit();
+}
+
 void ViewMirror::scheduleCommit() {
   if (!std::exchange(scheduled_, true)) {
     QCoreApplication::postEvent(this, new QEvent(commitEvent()));
@@ -186,8 +196,17 @@ void ViewMirror::layOut() {
 }
 
 void ViewMirror::bringOver(ViewItem& item) {
+  const qreal width = item.width();
   if (item.takeOver()) {
     bringOverTint(item);
+  }
+  if (item.width() != width && Appearance::shared().isMirrored()) {
+    // Their places count from the other edge.
+    for (const auto& subview : item.view()->subviews()) {
+      if (const auto known = items_.find(subview.get()); known != items_.end()) {
+        known->second->takeOver();
+      }
+    }
   }
   bringOverSubviews(item);
 }

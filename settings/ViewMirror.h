@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QQmlComponent>
 #include <memory>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -37,6 +38,8 @@ class ViewMirror : public QObject, public UIViewObserver {
 
   /// Brings over whatever has changed. Called by itself; earlier by whoever cannot wait.
   void commit();
+  /// Reads every view again: what they are shown with has changed.
+  void bringOverAll();
   /// Asks for a commit in the next turn of the event loop.
   void scheduleCommit();
   bool isPending() const { return scheduled_; }
@@ -46,6 +49,8 @@ class ViewMirror : public QObject, public UIViewObserver {
 
  signals:
   void committed();
+  /// The user has asked for that pane; its code has not run yet.
+  void paneRequested(const std::string& className);
 
  protected:
   bool event(QEvent* event) override;

@@ -33,6 +33,10 @@ bool WebViewItem::isLoading() const {
   return view() && webView()->isLoading();
 }
 
+bool WebViewItem::isBusy() const {
+  return isLoading() || (view() && usesEngine_ && laidOutWidth_ != layoutWidth_);
+}
+
 QAccessible::Role WebViewItem::accessibleRole() const {
   return usesEngine_ && !measuring_ ? QAccessible::WebDocument : QAccessible::NoRole;
 }
@@ -49,6 +53,10 @@ void WebViewItem::takeOverVisibility(bool hidden) {
   setVisible(true);
   setOpacity(hidden ? 0 : 1);
   setEnabled(!hidden);
+  if (width() == 0) {
+    // Its page is laid out across the superview, whichever way the page around it runs.
+    setX(0);
+  }
 }
 
 void WebViewItem::start() {

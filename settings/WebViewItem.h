@@ -24,6 +24,9 @@ class WebViewItem : public ViewItem {
   Q_PROPERTY(bool isAskedByEngine READ isAskedByEngine NOTIFY lookChanged)
   /// The page that was fetched for the engine; empty until it is there.
   Q_PROPERTY(QString fetchedPage MEMBER fetchedPage_ NOTIFY pageFetched)
+  /// The width that the page is to have, and the one that the engine has given it.
+  Q_PROPERTY(qreal layoutWidth MEMBER layoutWidth_)
+  Q_PROPERTY(qreal laidOutWidth MEMBER laidOutWidth_)
   Q_PROPERTY(bool loading READ isLoading NOTIFY lookChanged)
   /// Whether the page is only measured and not to be seen.
   Q_PROPERTY(bool measuring READ isMeasuring NOTIFY lookChanged)
@@ -36,6 +39,8 @@ class WebViewItem : public ViewItem {
   QUrl url() const { return url_; }
   bool isAskedByEngine() const { return askedByEngine_; }
   bool isLoading() const;
+  /// Whether the page is not yet as it will be shown.
+  bool isBusy() const;
   bool isMeasuring() const { return measuring_; }
   bool usesEngine() const { return usesEngine_; }
 
@@ -73,6 +78,8 @@ class WebViewItem : public ViewItem {
   QUrl url_;
   QString fetchedPage_;
   QTimer patience_;
+  qreal layoutWidth_ = 0;
+  qreal laidOutWidth_ = 0;
   qreal noteHeight_ = 0;
   int loadNumber_ = 0;
   bool measuring_ = false;

@@ -1,5 +1,6 @@
 #include <QAccessible>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QImage>
@@ -8,23 +9,35 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "linux/DBusNotifications.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
 #include "linux/HTTPClient.h"
 #include "linux/HTTPFetchService.h"
+#include "linux/LowMemoryWatch.h"
+#include "linux/NetworkWork.h"
 #include "linux/PictureHeaderService.h"
+#include "linux/PosixProcessService.h"
+#include "linux/Syslog.h"
 #include "linux/SystemClock.h"
+#include "linux/readFile.h"
 #include "platform/classes.h"
-#include "platform/foundation/GlobalQueue.h"
+#include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
+#include "platform/uikit/UIApplication.h"
 #include "settings/AccessibleItemInterface.h"
+#include "settings/AnimationController.h"
+#include "settings/Appearance.h"
 #include "settings/BundleEntry.h"
 #include "settings/BundleLoader.h"
+#include "settings/DesktopPreferences.h"
+#include "settings/NotificationsHost.h"
 #include "settings/Options.h"
 #include "settings/QtTextMeasurer.h"
 #include "settings/SettingsListController.h"
@@ -33,6 +46,7 @@
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
 #include "settings/WebPages.h"
+#include "settings/WindowRefresh.h"
 #include "tools/version.h"
 
 namespace {
@@ -63,6 +77,24 @@ class NoProcesses final : public ProcessService {
   int lastPid_ = 0;
 };
 
+// What changes lead to outside of this program.
+struct Effects {
+  std::shared_ptr<NotificationBroadcaster> notifications;
+  std::shared_ptr<ProcessService> processes;
+  std::unique_ptr<NotificationsHost> host;
+};
+
+Effects effectsFor(const Options& options) {
+  if (options.effects == Options::Effects::None) {
+    return {std::make_shared<NoBroadcast>(), std::make_shared<NoProcesses>(), nullptr};
+  }
+  const auto notifications = std::make_shared<DBusNotifications>([](const std::string& name) {
+    CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
+  });
+  return {notifications, std::make_shared<PosixProcessService>(),
+          std::make_unique<NotificationsHost>(notifications)};
+}
+
 int complain(const QString& sentence, int status) {
   std::fprintf(stderr, "quietdial-settings: %s\n", qPrintable(sentence));
   return status;
@@ -78,16 +110,6 @@ void handleStartMessage(QtMsgType type, const QMessageLogContext& /*context*/,
   }
 }
 
-// A Library folder in which that bundle stands alone; the toolkit removes it at the end.
-QString libraryWith(const QString& bundle, const QTemporaryDir& folder) {
-  const QDir library(folder.path());
-  library.mkpath(QStringLiteral("PreferenceBundles"));
-  const QFileInfo info(bundle);
-  QFile::link(info.absoluteFilePath(),
-              library.filePath(QStringLiteral("PreferenceBundles/") + info.fileName()));
-  return library.path();
-}
-
 int writePicture(SettingsWindow& window, const QString& file) {
   const QImage image = window.picture();
   if (image.isNull()) {
@@ -99,13 +121,35 @@ int writePicture(SettingsWindow& window, const QString& file) {
   return EXIT_SUCCESS;
 }
 
-int takeTour(SettingsWindow& window, const QString& folder) {
-  Tour tour(window, folder);
+int takeTour(Tour tour, const QString& folder) {
   if (!tour.run()) {
     return complain(tour.error(), EXIT_FAILURE);
   }
   std::printf("%s\n", qPrintable(QDir(folder).filePath(QStringLiteral("index.html"))));
   return EXIT_SUCCESS;
+}
+
+// The page that plays the file; null, and a sentence in `error`, where it cannot be played.
+std::shared_ptr<AnimationController> openAnimation(const QString& file,
+                                                   const std::vector<BundleEntry>& entries,
+                                                   BundleLoader& loader, QString& error) {
+  // As much as is played of a file that the terminal program describes.
+  constexpr std::size_t kMostFileBytes = std::size_t{256} << 20;
+  const auto contents = readFile(AT_FDCWD, QFile::encodeName(file).toStdString(), kMostFileBytes);
+  if (contents.outcome != FileContents::Outcome::kRead) {
+    error = QStringLiteral("%1 cannot be read.").arg(file);
+    return nullptr;
+  }
+  for (const auto& entry : entries) {
+    loader.load(entry);
+  }
+  auto page = AnimationController::withData(
+      NSData::dataWithBytes({contents.bytes.begin(), contents.bytes.end()}),
+      QFileInfo(file).fileName().toStdString());
+  if (!page) {
+    error = QStringLiteral("%1 is no animated picture that can be played.").arg(file);
+  }
+  return page;
 }
 
 int run(const Options& options) {
@@ -117,65 +161,94 @@ int run(const Options& options) {
                                   : QDir(scratch.path()).filePath(QStringLiteral("device"));
   }
   root = QFileInfo(root).absoluteFilePath();
-  const std::string library = options.bundle.isEmpty()
-                                  ? DevicePaths::installedLibrary()
-                                  : libraryWith(options.bundle, scratch).toStdString();
-  const auto paths = std::make_shared<const DevicePaths>(root.toStdString(), library);
+  const std::string library = DevicePaths::installedLibrary();
+  const QFileInfo bundle(options.bundle);
+  const auto paths = std::make_shared<const DevicePaths>(
+      root.toStdString(), library,
+      options.bundle.isEmpty() ? std::string() : bundle.absoluteFilePath().toStdString());
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
   const auto web = std::make_shared<HTTPClient>(options.hosts, HTTPClient::Unmapped::kLookedUp);
+  const NetworkWork network(web);
   const auto webPages = std::make_shared<WebPages>(options.hosts, web, options.webEngine);
+  const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
+  const auto effects = effectsFor(options);
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
-      .notifications = std::make_shared<NoBroadcast>(),
-      .processes = std::make_shared<NoProcesses>(),
+      .notifications = effects.notifications,
+      .processes = effects.processes,
       .addresses = std::make_shared<DesktopAddressOpener>(),
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
       .fetches = std::make_shared<HTTPFetchService>(web),
       .webViews = webPages,
+      .displayRefresh = refresh,
+      .log = std::make_shared<Syslog>("quietdial-settings"),
   });
   registerClasses(platformClasses());
 
-  std::vector<std::string> libraries{library};
-  if (options.bundle.isEmpty()) {
-    libraries.push_back(root.toStdString() + "/Library");
-  }
-  auto entries = readBundleEntries(libraries, *files);
+  const auto bundles = options.bundle.isEmpty()
+                           ? findBundles({library, root.toStdString() + "/Library"})
+                           : std::set{bundle.fileName().toStdString()};
+  auto entries = readBundleEntries(bundles, *files);
   if (options.hasEntryBadge) {
     for (auto& entry : entries) {
       entry.badge = options.entryBadge.toStdString();
     }
   }
 
+  const auto loader = std::make_shared<BundleLoader>(paths);
+  std::shared_ptr<AnimationController> animation;
+  if (!options.gif.isEmpty()) {
+    QString error;
+    animation = openAnimation(options.gif, entries, *loader, error);
+    if (!animation) {
+      return complain(error, EXIT_FAILURE);
+    }
+  }
+
   const auto resolve = [paths](const std::string& path) {
     return paths->forReading(path).value_or("");
   };
-  SettingsWindow window(*sheets, *webPages, resolve, options.size);
-  window.navigation().setAnimated(!options.isPicture());
-  const auto first = SettingsListController::withEntries(std::move(entries),
-                                                         std::make_shared<BundleLoader>(paths));
-  window.navigation().stack().pushViewControllerAnimated(first, false);
-  if (!options.pane.isEmpty()) {
-    first->openPane(options.pane.toStdString());
+  const auto record = std::make_shared<OpeningRecord>(
+      root + QStringLiteral("/User/Library/Caches/Settings/Opening"));
+  const auto openWindow = [&] {
+    auto window =
+        std::make_unique<SettingsWindow>(*sheets, *webPages, *record, resolve, options.size);
+    window->follow(*refresh);
+    window->navigation().setAnimated(!options.isPicture());
+    window->navigation().stack().pushViewControllerAnimated(
+        SettingsListController::withEntries(entries, loader, record), false);
+    return window;
+  };
+  if (!options.tour.isEmpty()) {
+    return takeTour(Tour(openWindow, *sheets, options.size.height(), options.tour), options.tour);
   }
 
+  const auto window = openWindow();
+  if (!options.pane.isEmpty()) {
+    cast<SettingsListController>(window->navigation().topPage())
+        ->openPane(options.pane.toStdString());
+  }
+  if (animation) {
+    window->navigation().stack().pushViewControllerAnimated(animation, false);
+  }
   int status = EXIT_SUCCESS;
   if (!options.screenshot.isEmpty()) {
-    status = writePicture(window, options.screenshot);
-  } else if (!options.tour.isEmpty()) {
-    status = takeTour(window, options.tour);
+    status = writePicture(*window, options.screenshot);
   } else {
     const TerminationSignals termination;
-    QObject::connect(&termination, &TerminationSignals::received, &window, &SettingsWindow::close);
-    window.show();
+    const LowMemoryWatch lowMemory(LowMemoryWatch::systemSources(), [] {
+      UIApplication::sharedApplication().didReceiveMemoryWarning();
+    });
+    QObject::connect(&termination, &TerminationSignals::received, window.get(),
+                     &SettingsWindow::close);
+    window->show();
     status = QGuiApplication::exec();
   }
-  window.navigation().endEditing();
-  web->stop();
-  GlobalQueue::shared().waitUntilIdle();
+  window->navigation().endEditing();
   MainQueue::shared().drain();
   return status;
 }
@@ -220,5 +293,13 @@ int main(int count, char** values) {
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Settings"));
   QAccessible::installFactory(AccessibleItemInterface::make);
   system_font::load();
+  auto& appearance = Appearance::shared();
+  appearance.setScheme(options.scheme);
+  // Nothing moves in a picture.
+  appearance.setMotion(options.isPicture() ? Appearance::Motion::Reduced : options.motion);
+  appearance.setDirection(options.direction);
+  UIApplication::sharedApplication().setPreferredContentSizeCategory(options.textSize);
+  // Pictures are the same on every desktop.
+  const auto desktop = options.isPicture() ? nullptr : std::make_unique<DesktopPreferences>();
   return run(options);
 }

@@ -31,6 +31,13 @@ bool ClassDescription::isSubclassOf(const ClassDescription& other) const {
   return false;
 }
 
+std::shared_ptr<NSObject> ClassDescription::performFactory(
+    std::string_view selector, const std::shared_ptr<NSObject>& argument) const {
+  const auto* method = methodForSelector(selector);
+  const auto* factory = method ? std::get_if<Method::Factory>(&method->implementation) : nullptr;
+  return factory ? (*factory)(argument) : nullptr;
+}
+
 void registerClasses(const ClassTable& table) {
   for (const auto* description : table.classes) {
     registry().emplace(description->name, description);

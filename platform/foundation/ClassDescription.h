@@ -20,8 +20,11 @@ struct Method {
   /// Takes the value that the user chose or typed in a row.
   using Setter = void (*)(NSObject& receiver, const PropertyListValue& value, NSObject& row);
 
+  /// A method of the class itself: makes an object of it from another one, or null.
+  using Factory = std::shared_ptr<NSObject> (*)(const std::shared_ptr<NSObject>& argument);
+
   std::string_view selector;
-  std::variant<Action, Getter, Setter> implementation;
+  std::variant<Action, Getter, Setter, Factory> implementation;
 };
 
 /// What can be known of a class by name at run time: constant data, nothing runs to make it.
@@ -35,6 +38,10 @@ struct ClassDescription {
   /// The implementation of a selector, here or in a superclass; null where nobody answers for it.
   PLATFORM_API const Method* methodForSelector(std::string_view selector) const;
   PLATFORM_API bool isSubclassOf(const ClassDescription& other) const;
+
+  /// What the factory of that selector makes of the argument; null when there is no such factory.
+  PLATFORM_API std::shared_ptr<NSObject> performFactory(
+      std::string_view selector, const std::shared_ptr<NSObject>& argument) const;
 };
 
 /// All classes of one loaded module. A bundle's module exports one of these under the name

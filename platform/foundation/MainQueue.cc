@@ -43,8 +43,11 @@ void MainQueue::cancelPreviousPerformRequestsWithTarget(const NSObject& target) 
 
 void MainQueue::cancelPreviousPerformRequestsWithTargetSelectorObject(
     const NSObject& target, std::string_view selector, const std::shared_ptr<NSObject>& argument) {
+  const auto hasArgument = [&](const DelayedCall& call) {
+    return argument ? argument->isEqual(call.argument.get()) : !call.argument;
+  };
   std::erase_if(delayed_, [&](const DelayedCall& call) {
-    return call.target.get() == &target && call.selector == selector && call.argument == argument;
+    return call.target.get() == &target && call.selector == selector && hasArgument(call);
   });
 }
 
@@ -60,9 +63,13 @@ bool MainQueue::runTurn() {
     turn.pop_front();
     task();
   }
+  return !isIdle();
+}
+
+bool MainQueue::isIdle() const {
   const auto deadline = nextDeadline();
   const std::lock_guard lock(mutex_);
-  return !tasks_.empty() || (deadline && *deadline <= services().clock->now());
+  return tasks_.empty() && !(deadline && *deadline <= services().clock->now());
 }
 
 void MainQueue::drain() {

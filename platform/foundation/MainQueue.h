@@ -43,7 +43,7 @@ class PLATFORM_API MainQueue {
 
   /// Forgets every delayed call to the target. Main thread.
   void cancelPreviousPerformRequestsWithTarget(const NSObject& target);
-  /// Forgets the delayed calls of that selector with that very argument. Main thread.
+  /// Forgets the delayed calls of that selector with an equal argument. Main thread.
   void cancelPreviousPerformRequestsWithTargetSelectorObject(
       const NSObject& target, std::string_view selector, const std::shared_ptr<NSObject>& argument);
 
@@ -53,6 +53,9 @@ class PLATFORM_API MainQueue {
 
   /// Runs turns until nothing is due at the clock's time. Main thread, not from within a task.
   void drain();
+
+  /// Whether nothing is to run at the clock's time. Main thread.
+  bool isIdle() const;
 
   /// When the next delayed call is due, in seconds of the clock; nothing when there is none.
   std::optional<double> nextDeadline() const;

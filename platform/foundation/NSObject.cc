@@ -1,5 +1,7 @@
 #include "platform/foundation/NSObject.h"
 
+#include <sstream>
+
 #include "platform/foundation/MainQueue.h"
 
 constexpr ClassDescription NSObject::classObject{"NSObject", nullptr, &allocObject<NSObject>, {}};
@@ -15,7 +17,22 @@ const ClassDescription& NSObject::classDescription() const {
 }
 
 bool NSObject::respondsToSelector(std::string_view selector) const {
-  return classDescription().methodForSelector(selector) != nullptr;
+  if (classDescription().methodForSelector(selector)) {
+    return true;
+  }
+  const auto target = forwardingTargetForSelector(selector);
+  return target && target->respondsToSelector(selector);
+}
+
+std::string NSObject::description() const {
+  std::ostringstream text;
+  text << '<' << classDescription().name << ": " << this << '>';
+  return text.str();
+}
+
+std::shared_ptr<NSObject> NSObject::forwardingTargetForSelector(
+    std::string_view /*selector*/) const {
+  return nullptr;
 }
 
 namespace {
@@ -33,7 +50,8 @@ Implementation implementationOf(const NSObject& receiver, std::string_view selec
 bool NSObject::performAction(std::string_view selector, NSObject* sender) {
   const auto action = implementationOf<Method::Action>(*this, selector);
   if (!action) {
-    return false;
+    const auto target = forwardingTargetForSelector(selector);
+    return target && target->performAction(selector, sender);
   }
   const auto keptAlive = weak_from_this().lock();
   action(*this, sender);
@@ -42,14 +60,19 @@ bool NSObject::performAction(std::string_view selector, NSObject* sender) {
 
 std::optional<PropertyListValue> NSObject::performGetter(std::string_view selector, NSObject& row) {
   const auto getter = implementationOf<Method::Getter>(*this, selector);
-  return getter ? getter(*this, row) : std::nullopt;
+  if (!getter) {
+    const auto target = forwardingTargetForSelector(selector);
+    return target ? target->performGetter(selector, row) : std::nullopt;
+  }
+  return getter(*this, row);
 }
 
 bool NSObject::performSetter(std::string_view selector, const PropertyListValue& value,
                              NSObject& row) {
   const auto setter = implementationOf<Method::Setter>(*this, selector);
   if (!setter) {
-    return false;
+    const auto target = forwardingTargetForSelector(selector);
+    return target && target->performSetter(selector, value, row);
   }
   const auto keptAlive = weak_from_this().lock();
   setter(*this, value, row);

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/api.h"
@@ -28,10 +29,23 @@ class PLATFORM_API NSObject : public std::enable_shared_from_this<NSObject> {
   virtual const ClassDescription& classDescription() const;
   bool respondsToSelector(std::string_view selector) const;
 
+  /// Whether both are the same object, unless a class says otherwise. False for null.
+  virtual bool isEqual(const NSObject* other) const { return this == other; }
+
+  /// The class's name and the object's address, for people.
+  virtual std::string description() const;
+
+  /// Who answers for a selector that the class itself does not know; null for nobody. Any thread.
+  virtual std::shared_ptr<NSObject> forwardingTargetForSelector(std::string_view selector) const;
+
   /// Calls the action of that selector. False, and nothing happens, when there is none.
   bool performAction(std::string_view selector, NSObject* sender);
   /// The answer of the getter of that selector; nothing when there is none.
   std::optional<PropertyListValue> performGetter(std::string_view selector, NSObject& row);
+  /// The answer of a getter that takes nothing; nothing when there is none.
+  std::optional<PropertyListValue> valueForKey(std::string_view key) {
+    return performGetter(key, *this);
+  }
   /// Calls the setter of that selector. False, and nothing happens, when there is none.
   bool performSetter(std::string_view selector, const PropertyListValue& value, NSObject& row);
 };

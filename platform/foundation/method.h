@@ -10,7 +10,8 @@
 /// Builds the entries of a class's method table from member functions, for example
 ///   constexpr Method kMethods[] = {method<&QDPane::showLove>("showLove")};
 /// The shape of the member decides what it is: an action takes nothing or the sender, a getter
-/// takes a row and gives a value or nothing, a setter takes a value and a row.
+/// takes a row, or nothing at all, and gives a value or nothing, a setter takes a value and a row,
+/// and a static member that makes an object from another one is a factory.
 
 namespace method_detail {
 
@@ -37,6 +38,20 @@ struct Call<member, std::optional<PropertyListValue> (Receiver::*)(const Row&)> 
   static std::optional<PropertyListValue> invoke(NSObject& receiver, NSObject& row) {
     const auto* typed = dynamic_cast<const Row*>(&row);
     return typed ? (static_cast<Receiver&>(receiver).*member)(*typed) : std::nullopt;
+  }
+};
+
+template <auto member, class Receiver, class Value>
+struct Call<member, Value (Receiver::*)() const> {
+  static std::optional<PropertyListValue> invoke(NSObject& receiver, NSObject& /*row*/) {
+    return (static_cast<const Receiver&>(receiver).*member)();
+  }
+};
+
+template <auto member, class Made, class Argument>
+struct Call<member, std::shared_ptr<Made> (*)(const std::shared_ptr<Argument>&)> {
+  static std::shared_ptr<NSObject> invoke(const std::shared_ptr<NSObject>& argument) {
+    return member(cast<Argument>(argument));
   }
 };
 

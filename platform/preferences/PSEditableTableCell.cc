@@ -1,10 +1,12 @@
 #include "platform/preferences/PSEditableTableCell.h"
 
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "platform/foundation/method.h"
 #include "platform/preferences/PSTextFieldSpecifier.h"
+#include "platform/services.h"
 #include "platform/uikit/metrics.h"
 
 namespace {
@@ -38,6 +40,11 @@ bool PSEditableTableCell::initWithStyleReuseIdentifierSpecifier(
 
 void PSEditableTableCell::textFieldDidEndEditing() {
   specifier()->setValue(textField_->text());
+}
+
+CGSize PSEditableTableCell::trailingSize() const {
+  // The field takes the width that is left, and a line's height.
+  return {0, std::ceil(services().text->sizeOfText("0", textField_->font(), 0).height)};
 }
 
 void PSEditableTableCell::layoutSubviews() {

@@ -25,6 +25,9 @@ class PLATFORM_API PSEditableTableCell : public PSTableCell {
 
   void layoutSubviews() override;
 
+ protected:
+  CGSize trailingSize() const override;
+
  private:
   std::shared_ptr<UITextField> textField_;
 };

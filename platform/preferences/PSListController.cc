@@ -6,6 +6,7 @@
 #include "platform/preferences/MissingPaneController.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/preferences/SpecifierListReader.h"
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/metrics.h"
@@ -273,11 +274,20 @@ std::shared_ptr<PSTableCell> PSListController::makeCell(
   return plain;
 }
 
-CGFloat PSListController::tableViewHeightForRowAtIndexPath(UITableView& /*table*/,
+CGFloat PSListController::tableViewHeightForRowAtIndexPath(UITableView& table,
                                                            NSIndexPath indexPath) {
   const auto specifier = specifierAtIndex(indexForIndexPath(indexPath).value_or(-1));
   const auto height = specifier ? integerOrZero(specifier->plistForKey("height")) : 0;
-  return height > 0 ? static_cast<CGFloat>(height) : metrics::kRowHeight;
+  if (height > 0) {
+    return static_cast<CGFloat>(height);
+  }
+  // At the usual text sizes no cell is asked, so that none is built before all heights are known.
+  const auto category = UIApplication::sharedApplication().preferredContentSizeCategory();
+  const auto cell = category > UIContentSizeCategory::kLarge
+                        ? tableViewCellForRowAtIndexPath(table, indexPath)
+                        : nullptr;
+  return cell ? cell->standardHeightForWidth(table.wrapperView()->frame().size.width)
+              : metrics::kRowHeight;
 }
 
 std::shared_ptr<UIView> PSListController::makeSectionEdge(int section, bool header) const {

@@ -32,6 +32,12 @@ std::string shownText(const std::optional<PropertyListValue>& value) {
   return number ? std::to_string(*number) : std::string();
 }
 
+// Grows with its text.
+CGFloat badgeHeight(const UILabel& badge) {
+  constexpr double kUsualSize = 15;
+  return std::round(metrics::kBadgeHeight * badge.font().pointSize / kUsualSize);
+}
+
 }  // namespace
 
 PSCellType PSTableCell::cellTypeFromString(std::string_view name) {
@@ -85,8 +91,8 @@ bool PSTableCell::initWithStyleReuseIdentifierSpecifier(
   return true;
 }
 
-CGFloat PSTableCell::preferredHeightForWidth(CGFloat /*width*/) {
-  return metrics::kRowHeight;
+CGFloat PSTableCell::preferredHeightForWidth(CGFloat width) {
+  return standardHeightForWidth(width);
 }
 
 bool PSTableCell::isSelectable() const {
@@ -100,39 +106,30 @@ void PSTableCell::showBadge(const std::string& text) {
   }
   badge_ = allocInit<UILabel>();
   badge_->setText(text);
-  badge_->setFont(metrics::kBadgeFont);
+  badge_->setFont(UIFont::preferredFontForTextStyle(metrics::kBadgeStyle));
   badge_->setTextColor(UIColor::whiteColor());
   badge_->setTextAlignment(NSTextAlignment::kCenter);
   badge_->setBackgroundColor(metrics::kBadgeColor);
-  badge_->setCornerRadius(metrics::kBadgeHeight / 2);
+  badge_->setCornerRadius(badgeHeight(*badge_) / 2);
   contentView()->addSubview(badge_);
 }
 
-CGFloat PSTableCell::trailingWidth() const {
+CGSize PSTableCell::trailingSize() const {
   if (!badge_) {
-    return 0;
+    return {};
   }
-  // A badge is a pill, never narrower than high. It leaves the title its room, unless that were
-  // more than two thirds of the row.
+  // A badge is a pill, never narrower than high.
   constexpr CGFloat kUnbounded = std::numeric_limits<CGFloat>::max();
+  const CGFloat height = badgeHeight(*badge_);
   const CGFloat text = std::ceil(badge_->sizeThatFits(kUnbounded).width);
-  const CGFloat pill = std::max(metrics::kBadgeHeight, text + 2 * metrics::kBadgePadding);
-  const CGFloat content = contentView()->bounds().size.width;
-  const CGFloat icon = imageView()->image() ? metrics::kIconSize + metrics::kTextInset : 0;
-  const CGFloat title = std::ceil(textLabel()->sizeThatFits(kUnbounded).width);
-  const CGFloat room = std::max(content / 3, content - metrics::kTextInset - icon - title);
-  return std::min(pill + metrics::kTitleDetailGap, room);
+  const CGFloat pill = std::max(height, text + 2 * metrics::kBadgePadding);
+  return {pill + metrics::kTitleDetailGap, height};
 }
 
-void PSTableCell::layoutSubviews() {
-  UITableViewCell::layoutSubviews();
+void PSTableCell::placeTrailing(CGRect room) {
   if (badge_) {
-    const CGSize content = contentView()->bounds().size;
-    const CGFloat width = trailingWidth() - metrics::kTitleDetailGap;
-    const CGFloat margin =
-        accessoryType() == UITableViewCellAccessoryType::kNone ? metrics::kTextInset : 0;
-    badge_->setFrame(CGRectMake(content.width - margin - width,
-                                (content.height - metrics::kBadgeHeight) / 2, width,
-                                metrics::kBadgeHeight));
+    room.origin.x += metrics::kTitleDetailGap;
+    room.size.width -= metrics::kTitleDetailGap;
+    badge_->setFrame(room);
   }
 }

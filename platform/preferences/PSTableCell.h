@@ -35,10 +35,9 @@ class PLATFORM_API PSTableCell : public UITableViewCell {
   /// Whether a tap on the row does anything.
   bool isSelectable() const;
 
-  void layoutSubviews() override;
-
  protected:
-  CGFloat trailingWidth() const override;
+  CGSize trailingSize() const override;
+  void placeTrailing(CGRect room) override;
 
  private:
   void showBadge(const std::string& text);

@@ -1,5 +1,6 @@
 #include "platform/uikit/UIApplication.h"
 
+#include "platform/foundation/NSNotificationCenter.h"
 #include "platform/services.h"
 
 UIApplication& UIApplication::sharedApplication() {
@@ -13,4 +14,9 @@ bool UIApplication::canOpenURL(const std::string& url) const {
 
 void UIApplication::openURL(const std::string& url) const {
   services().addresses->open(url);
+}
+
+void UIApplication::didReceiveMemoryWarning() const {
+  NSNotificationCenter::defaultCenter().postNotificationNameObject(
+      UIApplicationDidReceiveMemoryWarningNotification, nullptr);
 }

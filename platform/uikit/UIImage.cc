@@ -1,6 +1,7 @@
 #include "platform/uikit/UIImage.h"
 
 #include <array>
+#include <utility>
 
 #include "platform/services.h"
 
@@ -37,8 +38,26 @@ std::shared_ptr<UIImage> UIImage::imageWithContentsOfFile(const std::string& pat
   return imageNamed(path);
 }
 
+std::shared_ptr<UIImage> UIImage::imageWithCGImage(std::shared_ptr<const ::CGImage> image) {
+  return imageWithCGImageScaleOrientation(std::move(image), 1, UIImageOrientation::kUp);
+}
+
+std::shared_ptr<UIImage> UIImage::imageWithCGImageScaleOrientation(
+    std::shared_ptr<const ::CGImage> image, double scale, UIImageOrientation /*orientation*/) {
+  if (!image) {
+    return nullptr;
+  }
+  auto picture = alloc<UIImage>();
+  picture->scale_ = scale;
+  picture->size_ = {static_cast<CGFloat>(image->width()) / scale,
+                    static_cast<CGFloat>(image->height()) / scale};
+  picture->image_ = std::move(image);
+  return picture;
+}
+
 std::shared_ptr<UIImage> UIImage::imageWithRenderingMode(UIImageRenderingMode mode) const {
   auto image = alloc<UIImage>();
+  image->image_ = image_;
   image->path_ = path_;
   image->file_ = file_;
   image->scale_ = scale_;

@@ -5,11 +5,15 @@
 
 #include "platform/api.h"
 #include "platform/coregraphics/CGGeometry.h"
+#include "platform/coregraphics/CGImage.h"
 #include "platform/foundation/NSObject.h"
 
 enum class UIImageRenderingMode { kAutomatic, kAlwaysOriginal, kAlwaysTemplate };
 
-/// A picture from a file. The pixels stay in the file until a host draws them.
+/// How the pixels lie. Every picture of this platform is upright.
+enum class UIImageOrientation { kUp = 0 };
+
+/// A picture, from a file or from pixels. Those of a file stay in it until a host draws them.
 class PLATFORM_API UIImage : public NSObject {
  public:
   static const ClassDescription classObject;
@@ -21,10 +25,19 @@ class PLATFORM_API UIImage : public NSObject {
   /// As imageNamed. The phone's two calls differ in caching only, and nothing is cached here.
   static std::shared_ptr<UIImage> imageWithContentsOfFile(const std::string& path);
 
+  /// A picture of these pixels, one a point. Null for no pixels. Any thread.
+  static std::shared_ptr<UIImage> imageWithCGImage(std::shared_ptr<const ::CGImage> image);
+  /// The same with `scale` pixels a point.
+  static std::shared_ptr<UIImage> imageWithCGImageScaleOrientation(
+      std::shared_ptr<const ::CGImage> image, double scale, UIImageOrientation orientation);
+
   /// The same picture to be drawn in another way.
   std::shared_ptr<UIImage> imageWithRenderingMode(UIImageRenderingMode mode) const;
 
-  /// Device path of the file with the pixels, "@2x" and "@3x" included.
+  /// The pixels; null for a picture from a file.
+  const std::shared_ptr<const ::CGImage>& CGImage() const { return image_; }
+  /// Device path of the file with the pixels, "@2x" and "@3x" included; empty for a picture that is
+  /// not from a file.
   const std::string& file() const { return file_; }
   /// The name that was asked for: the last part of the path, without "@2x" or "@3x".
   std::string name() const;
@@ -32,9 +45,11 @@ class PLATFORM_API UIImage : public NSObject {
   double scale() const { return scale_; }
   /// Points.
   CGSize size() const { return size_; }
+  UIImageOrientation imageOrientation() const { return UIImageOrientation::kUp; }
   UIImageRenderingMode renderingMode() const { return renderingMode_; }
 
  private:
+  std::shared_ptr<const ::CGImage> image_;
   std::string path_;
   std::string file_;
   double scale_ = 1;

@@ -18,6 +18,22 @@ class PLATFORM_API UIImageView : public UIView {
   virtual std::shared_ptr<UIImage> image() const { return image_; }
   virtual void setImage(const std::shared_ptr<UIImage>& image);
 
+  bool isHighlighted() const { return highlighted_; }
+  virtual void setHighlighted(bool highlighted);
+
+  /// The image's size, where there is one.
+  CGSize intrinsicContentSize() const override;
+
+  // A plain image view has nothing to play; subclasses do.
+  virtual void startAnimating();
+  virtual void stopAnimating();
+  virtual bool isAnimating() const;
+
+  /// The pixels of the image become the layer's contents; an image from a file is drawn by the
+  /// host.
+  void displayLayer(CALayer& layer) override;
+
  private:
   std::shared_ptr<UIImage> image_;
+  bool highlighted_ = false;
 };

@@ -32,7 +32,7 @@ class PLATFORM_API UILabel : public UIView {
 
  private:
   std::string text_;
-  UIColor textColor_ = UIColor::blackColor();
+  UIColor textColor_ = UIColor::labelColor();
   UIFont font_;
   NSTextAlignment textAlignment_ = NSTextAlignment::kNatural;
   int numberOfLines_ = 1;

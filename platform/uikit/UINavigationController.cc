@@ -20,6 +20,7 @@ void UINavigationController::pushViewControllerAnimated(
   setParentViewController(*controller, cast<UIViewController>(shared_from_this()));
   controller->view();
   controller->viewWillAppear(animated);
+  show(*controller);
   if (observer_) {
     observer_->didPush(*controller, animated);
   }
@@ -35,9 +36,21 @@ std::shared_ptr<UIViewController> UINavigationController::popViewControllerAnima
   setParentViewController(*leaving, nullptr);
   if (const auto top = topViewController()) {
     top->viewWillAppear(animated);
+    show(*top);
+  } else {
+    leaving->view()->removeFromSuperview();
   }
   if (observer_) {
     observer_->didPop(*leaving, animated);
   }
   return leaving;
+}
+
+void UINavigationController::show(UIViewController& controller) {
+  // A copy: removing a view changes the list.
+  const auto covered = view()->subviews();
+  view()->addSubview(controller.view());
+  for (const auto& page : covered) {
+    page->removeFromSuperview();
+  }
 }

@@ -14,7 +14,8 @@ class PLATFORM_API UINavigationControllerObserver {
   virtual void didPop(UIViewController& controller, bool animated) = 0;
 };
 
-/// A stack of pages of which the topmost is seen. Owns the pages. Main thread.
+/// A stack of pages of which the topmost is seen: its view alone stands in the stack's own view.
+/// Owns the pages. Main thread.
 class PLATFORM_API UINavigationController : public UIViewController {
  public:
   static const ClassDescription classObject;
@@ -40,6 +41,8 @@ class PLATFORM_API UINavigationController : public UIViewController {
   void setObserver(UINavigationControllerObserver* observer) { observer_ = observer; }
 
  private:
+  void show(UIViewController& controller);
+
   std::vector<std::shared_ptr<UIViewController>> controllers_;
   UINavigationControllerObserver* observer_ = nullptr;
 };

@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/metrics.h"
 
 constexpr ClassDescription UITableViewCell::classObject{
@@ -14,8 +15,18 @@ namespace {
 
 constexpr CGFloat kUnbounded = std::numeric_limits<CGFloat>::max();
 
-CGFloat naturalWidth(const UILabel& label) {
-  return std::ceil(label.sizeThatFits(kUnbounded).width);
+CGSize naturalSize(const UILabel& label) {
+  const CGSize size = label.sizeThatFits(kUnbounded);
+  return {std::ceil(size.width), std::ceil(size.height)};
+}
+
+CGFloat heightIn(const UILabel& label, CGFloat width) {
+  return std::ceil(label.sizeThatFits(width).height);
+}
+
+bool areTextsEnlarged() {
+  return UIApplication::sharedApplication().preferredContentSizeCategory() >
+         UIContentSizeCategory::kLarge;
 }
 
 }  // namespace
@@ -26,18 +37,18 @@ bool UITableViewCell::initWithStyleReuseIdentifier(UITableViewCellStyle style,
     return false;
   }
   reuseIdentifier_ = std::move(reuseIdentifier);
-  setBackgroundColor(UIColor::whiteColor());
+  setBackgroundColor(UIColor::rowBackgroundColor());
   contentView_ = allocInit<UIView>();
   addSubview(contentView_);
   imageView_ = allocInit<UIImageView>();
   contentView_->addSubview(imageView_);
   textLabel_ = allocInit<UILabel>();
-  textLabel_->setFont(metrics::kTitleFont);
+  textLabel_->setFont(UIFont::preferredFontForTextStyle(metrics::kTitleStyle));
   textLabel_->setTextColor(metrics::kTitleColor);
   contentView_->addSubview(textLabel_);
   if (style == UITableViewCellStyle::kValue1) {
     detailTextLabel_ = allocInit<UILabel>();
-    detailTextLabel_->setFont(metrics::kDetailFont);
+    detailTextLabel_->setFont(UIFont::preferredFontForTextStyle(metrics::kDetailStyle));
     detailTextLabel_->setTextColor(metrics::kDetailColor);
     detailTextLabel_->setTextAlignment(NSTextAlignment::kRight);
     contentView_->addSubview(detailTextLabel_);
@@ -101,6 +112,49 @@ CGFloat UITableViewCell::accessoryWidth() const {
   return 0;
 }
 
+CGFloat UITableViewCell::TextPlaces::gap() const {
+  return title.width > 0 && detail.width > 0 ? metrics::kTitleDetailGap : 0;
+}
+
+CGFloat UITableViewCell::TextPlaces::height() const {
+  if (!stacked) {
+    return std::max({title.height, detail.height, trailing.height});
+  }
+  CGFloat sum = 0;
+  for (const CGFloat part : {title.height, detail.height, trailing.height}) {
+    sum += part + (sum > 0 && part > 0 ? metrics::kRowTextGap : 0);
+  }
+  return sum;
+}
+
+UITableViewCell::TextPlaces UITableViewCell::textPlacesForWidth(CGFloat width) const {
+  const CGFloat accessory = accessoryWidth();
+  const CGFloat content = width - accessory;
+  TextPlaces places;
+  places.left =
+      metrics::kTextInset + (imageView_->image() ? metrics::kIconSize + metrics::kTextInset : 0);
+  places.right = content - (accessory > 0 ? 0 : metrics::kTextInset);
+  places.title = naturalSize(*textLabel_);
+  places.detail = detailTextLabel_ ? naturalSize(*detailTextLabel_) : CGSizeZero;
+  places.trailing = trailingSize();
+  const CGFloat room = std::max<CGFloat>(0, places.right - places.left);
+  if (areTextsEnlarged() &&
+      places.title.width + places.gap() + places.detail.width + places.trailing.width > room) {
+    places.stacked = true;
+    places.title.height = heightIn(*textLabel_, room);
+    places.detail.height = detailTextLabel_ ? heightIn(*detailTextLabel_, room) : 0;
+  }
+  return places;
+}
+
+CGFloat UITableViewCell::standardHeightForWidth(CGFloat width) const {
+  if (!areTextsEnlarged()) {
+    return metrics::kRowHeight;
+  }
+  const CGFloat texts = textPlacesForWidth(width).height();
+  return std::max(metrics::kRowHeight, texts + 2 * metrics::kRowTextMargin);
+}
+
 void UITableViewCell::layoutSubviews() {
   UIView::layoutSubviews();
   const CGSize size = bounds().size;
@@ -111,20 +165,44 @@ void UITableViewCell::layoutSubviews() {
     accessoryContainer_->setFrame(CGRectMake(
         size.width - accessory, (size.height - view.height) / 2, view.width, view.height));
   }
-
-  CGFloat left = metrics::kTextInset;
   if (imageView_->image()) {
-    imageView_->setFrame(CGRectMake(left, (size.height - metrics::kIconSize) / 2,
+    imageView_->setFrame(CGRectMake(metrics::kTextInset, (size.height - metrics::kIconSize) / 2,
                                     metrics::kIconSize, metrics::kIconSize));
-    left += metrics::kIconSize + metrics::kTextInset;
   }
-  const CGFloat right = contentView_->bounds().size.width -
-                        (accessory > 0 ? 0 : metrics::kTextInset) - trailingWidth();
-  const CGFloat room = std::max<CGFloat>(0, right - left);
+  const auto places = textPlacesForWidth(size.width);
+  setStacked(places.stacked);
+  if (places.stacked) {
+    placeStacked(places, size.height);
+  } else {
+    placeInLine(places, size.height);
+  }
+}
 
-  CGFloat title = naturalWidth(*textLabel_);
-  CGFloat detail = detailTextLabel_ ? naturalWidth(*detailTextLabel_) : 0;
-  const CGFloat gap = title > 0 && detail > 0 ? metrics::kTitleDetailGap : 0;
+void UITableViewCell::setStacked(bool stacked) {
+  if (std::exchange(stacked_, stacked) == stacked) {
+    return;
+  }
+  const int lines = stacked ? 0 : 1;
+  textLabel_->setNumberOfLines(lines);
+  if (detailTextLabel_) {
+    detailTextLabel_->setNumberOfLines(lines);
+    detailTextLabel_->setTextAlignment(stacked ? NSTextAlignment::kNatural
+                                               : NSTextAlignment::kRight);
+  }
+}
+
+void UITableViewCell::placeInLine(const TextPlaces& places, CGFloat height) {
+  // What is behind them leaves the title its room, unless that were more than two thirds of the
+  // row.
+  const CGSize content = contentView_->bounds().size;
+  CGSize trailing = places.trailing;
+  trailing.width = std::min(
+      trailing.width, std::max(content.width / 3, places.right - places.left - places.title.width));
+  const CGFloat right = places.right - trailing.width;
+  const CGFloat room = std::max<CGFloat>(0, right - places.left);
+  CGFloat title = places.title.width;
+  CGFloat detail = places.detail.width;
+  const CGFloat gap = places.gap();
   if (title + gap + detail > room) {
     // The value gives way first, down to what the title leaves it of the row.
     const CGFloat forTitle =
@@ -132,8 +210,29 @@ void UITableViewCell::layoutSubviews() {
     title = detail > 0 ? forTitle : room;
     detail = std::clamp<CGFloat>(room - gap - title, 0, detail);
   }
-  textLabel_->setFrame(CGRectMake(left, 0, title, size.height));
+  textLabel_->setFrame(CGRectMake(places.left, 0, title, height));
   if (detailTextLabel_) {
-    detailTextLabel_->setFrame(CGRectMake(right - detail, 0, detail, size.height));
+    detailTextLabel_->setFrame(CGRectMake(right - detail, 0, detail, height));
   }
+  placeTrailing(CGRectMake(right, (height - trailing.height) / 2, trailing.width, trailing.height));
+}
+
+void UITableViewCell::placeStacked(const TextPlaces& places, CGFloat height) {
+  const CGFloat room = places.right - places.left;
+  CGFloat y = (height - places.height()) / 2;
+  const auto next = [&](CGFloat part) {
+    const CGFloat top = y;
+    y += part > 0 ? part + metrics::kRowTextGap : 0;
+    return top;
+  };
+  textLabel_->setFrame(
+      CGRectMake(places.left, next(places.title.height), room, places.title.height));
+  if (detailTextLabel_) {
+    detailTextLabel_->setFrame(
+        CGRectMake(places.left, next(places.detail.height), room, places.detail.height));
+  }
+  // Its gap is for a line that it shares.
+  const CGFloat width = std::min(room + metrics::kTitleDetailGap, places.trailing.width);
+  placeTrailing(CGRectMake(places.left - metrics::kTitleDetailGap, next(places.trailing.height),
+                           width, places.trailing.height));
 }

@@ -51,14 +51,38 @@ class PLATFORM_API UITableViewCell : public UIView {
   UITableViewCellPosition position() const { return position_; }
   void setPosition(UITableViewCellPosition position);
 
+  /// The height of a row of that width that has no height of its own: the usual one at the usual
+  /// text sizes, at larger ones what its texts need.
+  CGFloat standardHeightForWidth(CGFloat width) const;
+
   void layoutSubviews() override;
 
  protected:
-  /// What stands between the value and the content view's right edge, in points.
-  virtual CGFloat trailingWidth() const { return 0; }
+  /// The size of what a subclass shows behind title and value, the gap before it included.
+  virtual CGSize trailingSize() const { return {}; }
+  /// Gives that its place in the content view, as high as it is, but maybe not as wide.
+  virtual void placeTrailing(CGRect /*room*/) {}
 
  private:
+  /// Where the texts of a row of some width stand.
+  struct TextPlaces {
+    CGFloat left = 0;
+    CGFloat right = 0;
+    /// Whether title, value and the rest stand one below the other, for want of room.
+    bool stacked = false;
+    CGSize title;
+    CGSize detail;
+    CGSize trailing;
+    /// Between title and value.
+    CGFloat gap() const;
+    CGFloat height() const;
+  };
+
   CGFloat accessoryWidth() const;
+  TextPlaces textPlacesForWidth(CGFloat width) const;
+  void setStacked(bool stacked);
+  void placeInLine(const TextPlaces& places, CGFloat height);
+  void placeStacked(const TextPlaces& places, CGFloat height);
 
   std::string reuseIdentifier_;
   std::shared_ptr<UIView> contentView_;
@@ -70,6 +94,7 @@ class PLATFORM_API UITableViewCell : public UIView {
   std::optional<UIEdgeInsets> separatorInset_;
   std::optional<UIEdgeInsets> layoutMargins_;
   std::optional<bool> preservesMargins_;
+  bool stacked_ = false;
   UITableViewCellAccessoryType accessoryType_ = UITableViewCellAccessoryType::kNone;
   UITableViewCellPosition position_ = UITableViewCellPosition::kSingle;
 };

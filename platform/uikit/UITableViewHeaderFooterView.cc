@@ -16,7 +16,9 @@ bool UITableViewHeaderFooterView::initWithEdge(UITableViewSectionEdge edge) {
   }
   edge_ = edge;
   textLabel_ = allocInit<UILabel>();
-  textLabel_->setFont(metrics::kHeaderFont);
+  UIFont font = UIFont::preferredFontForTextStyle(metrics::kHeaderStyle);
+  font.capitals = edge == UITableViewSectionEdge::kHeader;
+  textLabel_->setFont(font);
   textLabel_->setTextColor(metrics::kHeaderColor);
   textLabel_->setNumberOfLines(0);
   addSubview(textLabel_);

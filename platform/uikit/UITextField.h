@@ -29,7 +29,7 @@ class PLATFORM_API UITextField : public UIControl {
   const std::string& placeholder() const { return placeholder_; }
   void setPlaceholder(std::string placeholder);
   UIFont font() const { return font_; }
-  UIColor textColor() const { return UIColor::blackColor(); }
+  UIColor textColor() const { return UIColor::labelColor(); }
 
   UIKeyboardType keyboardType() const { return keyboardType_; }
   UITextAutocapitalizationType autocapitalizationType() const { return autocapitalizationType_; }
@@ -55,7 +55,7 @@ class PLATFORM_API UITextField : public UIControl {
 
   std::string text_;
   std::string placeholder_;
-  UIFont font_;
+  UIFont font_ = UIFont::preferredFontForTextStyle(UIFontTextStyle::kBody);
   UIKeyboardType keyboardType_ = UIKeyboardType::kDefault;
   UITextAutocapitalizationType autocapitalizationType_ = UITextAutocapitalizationType::kSentences;
   UITextAutocorrectionType autocorrectionType_ = UITextAutocorrectionType::kDefault;

@@ -1,9 +1,11 @@
 #include "platform/uikit/UIView.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/uikit/UITapGestureRecognizer.h"
 #include "platform/uikit/UITextField.h"
+#include "platform/uikit/UIWindow.h"
 #include "platform/uikit/metrics.h"
 
 constexpr ClassDescription UIView::classObject{
@@ -19,6 +21,11 @@ UIViewObserver*& currentObserver() {
 }  // namespace
 
 UIView::~UIView() {
+  for (const auto& view : subviews_) {
+    // Whoever else keeps it has it without a superview now.
+    view->superview_.reset();
+    view->didMoveToSuperview();
+  }
   if (auto* observer = currentObserver()) {
     observer->viewDestroyed(*this);
   }
@@ -49,13 +56,31 @@ void UIView::setFrame(CGRect frame) {
 }
 
 void UIView::addSubview(const std::shared_ptr<UIView>& view) {
-  view->removeFromSuperview();
+  const auto before = view->window();
+  view->leaveSuperview();
   view->superview_ = cast<UIView>(shared_from_this());
   subviews_.push_back(view);
   setNeedsLayout();
+  view->didMoveToSuperview();
+  if (view->window() != before) {
+    view->tellOfWindow();
+  }
 }
 
 void UIView::removeFromSuperview() {
+  if (superview_.expired()) {
+    return;
+  }
+  const auto keptAlive = shared_from_this();
+  const auto before = window();
+  leaveSuperview();
+  didMoveToSuperview();
+  if (window() != before) {
+    tellOfWindow();
+  }
+}
+
+void UIView::leaveSuperview() {
   const auto superview = superview_.lock();
   if (!superview) {
     return;
@@ -64,6 +89,47 @@ void UIView::removeFromSuperview() {
   const auto keptAlive = shared_from_this();
   std::erase_if(superview->subviews_, [this](const auto& view) { return view.get() == this; });
   superview->setNeedsLayout();
+}
+
+std::shared_ptr<UIWindow> UIView::window() const {
+  const auto parent = superview();
+  return parent ? parent->window() : nullptr;
+}
+
+void UIView::didMoveToSuperview() {}
+
+void UIView::didMoveToWindow() {}
+
+void UIView::tellOfWindow() {
+  didMoveToWindow();
+  // A copy: whoever is told may change the list.
+  const auto children = subviews_;
+  for (const auto& view : children) {
+    view->tellOfWindow();
+  }
+}
+
+CALayer& UIView::layer() {
+  if (!layer_) {
+    layer_ = std::make_unique<CALayer>(*this);
+  }
+  return *layer_;
+}
+
+void UIView::displayLayer(CALayer& /*layer*/) {}
+
+void UIView::layerChanged(CALayer& /*layer*/) {
+  setNeedsDisplay();
+}
+
+CGSize UIView::intrinsicContentSize() const {
+  return {UIViewNoIntrinsicMetric, UIViewNoIntrinsicMetric};
+}
+
+void UIView::invalidateIntrinsicContentSize() {
+  if (const auto parent = superview()) {
+    parent->setNeedsLayout();
+  }
 }
 
 void UIView::setHidden(bool hidden) {
@@ -100,6 +166,16 @@ void UIView::setTintColor(std::optional<UIColor> color) {
 
 void UIView::setCornerRadius(CGFloat radius) {
   cornerRadius_ = radius;
+  setNeedsDisplay();
+}
+
+void UIView::setAccessibilityLabel(std::string label) {
+  accessibilityLabel_ = std::move(label);
+  setNeedsDisplay();
+}
+
+void UIView::setAccessibilitySelected(bool selected) {
+  accessibilitySelected_ = selected;
   setNeedsDisplay();
 }
 

@@ -2,15 +2,20 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "platform/api.h"
 #include "platform/coregraphics/CGGeometry.h"
 #include "platform/foundation/NSObject.h"
+#include "platform/quartzcore/CALayer.h"
 #include "platform/uikit/UIColor.h"
 
 class UITapGestureRecognizer;
 class UIView;
+class UIWindow;
+
+inline constexpr CGFloat UIViewNoIntrinsicMetric = -1;
 
 /// Follows every view of the process, for a host that mirrors views on a screen. Main thread.
 class UIViewObserver {
@@ -24,7 +29,7 @@ class UIViewObserver {
 
 /// A rectangle on the screen. Frames are in points in the superview. A view owns its subviews and
 /// knows its superview weakly. Main thread.
-class PLATFORM_API UIView : public NSObject {
+class PLATFORM_API UIView : public NSObject, public CALayerDelegate {
  public:
   static const ClassDescription classObject;
 
@@ -45,6 +50,23 @@ class PLATFORM_API UIView : public NSObject {
   /// Adds the view as the topmost; it leaves its former superview first.
   void addSubview(const std::shared_ptr<UIView>& view);
   void removeFromSuperview();
+  /// The window that the view stands in, at any depth; null for none.
+  virtual std::shared_ptr<UIWindow> window() const;
+  /// Called each time after the view has come to another superview, or to none.
+  virtual void didMoveToSuperview();
+  /// Called each time after the view has come into another window, or out of the last, with
+  /// everything below it: first the view, then its subviews.
+  virtual void didMoveToWindow();
+
+  /// The picture that the view shows, where it shows one.
+  CALayer& layer();
+  void displayLayer(CALayer& layer) override;
+  void layerChanged(CALayer& layer) override;
+
+  /// The view's own idea of its size; UIViewNoIntrinsicMetric for a side that it has none of.
+  virtual CGSize intrinsicContentSize() const;
+  /// The idea has changed: the superview is to be laid out again.
+  void invalidateIntrinsicContentSize();
 
   bool isHidden() const { return hidden_; }
   void setHidden(bool hidden);
@@ -60,6 +82,13 @@ class PLATFORM_API UIView : public NSObject {
   /// Radius of the rounded corners, in points.
   CGFloat cornerRadius() const { return cornerRadius_; }
   void setCornerRadius(CGFloat radius);
+
+  /// What assistive technology calls the view; empty for what its class says of itself.
+  const std::string& accessibilityLabel() const { return accessibilityLabel_; }
+  void setAccessibilityLabel(std::string label);
+  /// Whether the view is the chosen one of several alternatives; nothing where it is none of such.
+  const std::optional<bool>& accessibilitySelected() const { return accessibilitySelected_; }
+  void setAccessibilitySelected(bool selected);
 
   void addGestureRecognizer(const std::shared_ptr<UITapGestureRecognizer>& recognizer);
   const std::vector<std::shared_ptr<UITapGestureRecognizer>>& gestureRecognizers() const {
@@ -85,12 +114,18 @@ class PLATFORM_API UIView : public NSObject {
   void setNeedsDisplay();
 
  private:
+  void leaveSuperview();
+  void tellOfWindow();
+
   CGRect frame_;
+  std::unique_ptr<CALayer> layer_;
   std::vector<std::shared_ptr<UIView>> subviews_;
   std::weak_ptr<UIView> superview_;
   std::optional<UIColor> backgroundColor_;
   std::optional<UIColor> tintColor_;
   std::vector<std::shared_ptr<UITapGestureRecognizer>> gestureRecognizers_;
+  std::string accessibilityLabel_;
+  std::optional<bool> accessibilitySelected_;
   CGFloat cornerRadius_ = 0;
   bool hidden_ = false;
   bool userInteractionEnabled_ = true;

@@ -8,6 +8,9 @@
 namespace metrics {
 
 inline constexpr CGFloat kRowHeight = 44;
+/// What a row that is higher than that keeps free above and below its texts, and between them.
+inline constexpr CGFloat kRowTextMargin = 11;
+inline constexpr CGFloat kRowTextGap = 3;
 inline constexpr CGFloat kSeparatorInset = 15;
 inline constexpr CGFloat kTextInset = 15;
 inline constexpr CGFloat kIconSize = 29;
@@ -25,20 +28,23 @@ inline constexpr CGFloat kFooterTextGap = 7;
 /// What keeps a footer's text from the next group's header.
 inline constexpr CGFloat kFooterBottomGap = 10;
 
+/// Height of a badge with text of the usual size.
 inline constexpr CGFloat kBadgeHeight = 22;
 inline constexpr CGFloat kBadgePadding = 7;
 
 inline constexpr CGFloat kActivityIndicatorSize = 20;
 
-inline constexpr UIFont kTitleFont = UIFont::systemFontOfSize(17);
-inline constexpr UIFont kDetailFont = UIFont::systemFontOfSize(17);
-inline constexpr UIFont kHeaderFont = UIFont::systemFontOfSize(13);
-inline constexpr UIFont kBadgeFont = UIFont::systemFontOfSize(15);
+inline constexpr UIFontTextStyle kTitleStyle = UIFontTextStyle::kBody;
+inline constexpr UIFontTextStyle kDetailStyle = UIFontTextStyle::kBody;
+inline constexpr UIFontTextStyle kHeaderStyle = UIFontTextStyle::kFootnote;
+inline constexpr UIFontTextStyle kBadgeStyle = UIFontTextStyle::kSubheadline;
 
-inline constexpr UIColor kTitleColor = UIColor::blackColor();
-inline constexpr UIColor kDetailColor{142.0 / 255, 142.0 / 255, 147.0 / 255, 1};
-inline constexpr UIColor kHeaderColor{109.0 / 255, 109.0 / 255, 114.0 / 255, 1};
-inline constexpr UIColor kTintColor{0, 122.0 / 255, 1, 1};
-inline constexpr UIColor kBadgeColor{1, 59.0 / 255, 48.0 / 255, 1};
+inline constexpr UIColor kTitleColor = UIColor::labelColor();
+inline constexpr UIColor kDetailColor{142.0 / 255, 142.0 / 255, 147.0 / 255, 1,
+                                      UISystemColor::kSecondaryLabel};
+inline constexpr UIColor kHeaderColor{109.0 / 255, 109.0 / 255, 114.0 / 255, 1,
+                                      UISystemColor::kHeaderLabel};
+inline constexpr UIColor kTintColor{0, 122.0 / 255, 1, 1, UISystemColor::kTint};
+inline constexpr UIColor kBadgeColor{1, 59.0 / 255, 48.0 / 255, 1, UISystemColor::kRed};
 
 }  // namespace metrics

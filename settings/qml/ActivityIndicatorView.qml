@@ -25,7 +25,7 @@ ActivityIndicatorItem {
             width: wheel.width * Theme.wheelSpokeWidth
             height: wheel.height * Theme.wheelSpokeLength
             radius: width / 2
-            color: Theme.secondaryTextColor
+            color: Theme.wheelColor
             opacity: Math.max(Theme.wheelFaintest, 1 - age / Theme.wheelSpokes)
             antialiasing: true
             transform: Rotation {

@@ -33,7 +33,7 @@ FocusScope {
         Rectangle {
             anchors.fill: parent
             radius: Theme.alertRadius
-            color: "#f8f8f8"
+            color: Theme.sheetColor
         }
         Column {
             id: texts
@@ -52,6 +52,7 @@ FocusScope {
                     text: sheet.model.title
                     textFormat: Text.PlainText
                     font: Theme.titleFont
+                    color: Theme.textColor
                     wrapMode: Text.Wrap
                     horizontalAlignment: Text.AlignHCenter
                 }
@@ -67,6 +68,7 @@ FocusScope {
                     text: sheet.model.message
                     textFormat: Text.PlainText
                     font: Theme.noteFont
+                    color: Theme.textColor
                     wrapMode: Text.Wrap
                     horizontalAlignment: Text.AlignHCenter
                 }
@@ -76,7 +78,7 @@ FocusScope {
             anchors.bottom: button.top
             width: parent.width
             height: Theme.hairline
-            color: Theme.alertLineColor
+            color: Theme.sheetLineColor
         }
         SheetButton {
             id: button

@@ -35,7 +35,8 @@ AccessibleElement {
         anchors.fill: parent
         opacity: tap.pressed ? Theme.pressedOpacity : 1
         SymbolItem {
-            x: Theme.barMargin
+            anchors.left: parent.left
+            anchors.leftMargin: Theme.barMargin
             anchors.verticalCenter: parent.verticalCenter
             width: Theme.backWidth
             height: Theme.backHeight
@@ -45,7 +46,8 @@ AccessibleElement {
         }
         Text {
             id: label
-            x: back.textLeft + back.shift
+            anchors.left: parent.left
+            anchors.leftMargin: back.textLeft + back.shift
             height: parent.height
             text: back.shownTitle
             textFormat: Text.PlainText

@@ -14,7 +14,7 @@ Item {
     readonly property real offset: index - depth
     readonly property real shift: offset * width / 2
     readonly property real titleWidth: page.hasTitleView ? titleSurface.width : titleMetrics.width
-    readonly property real leftEdge: (back.visible ? back.x + back.width
+    readonly property real leftEdge: (back.visible ? back.width
                                       : page.leftButton.present ? left.width : 0) + Theme.barMargin
     readonly property real rightEdge: (page.rightButton.present ? right.width : 0) + Theme.barMargin
 
@@ -24,6 +24,7 @@ Item {
 
     BackButton {
         id: back
+        anchors.left: parent.left
         visible: items.index > 0 && !items.page.leftButton.present
         height: parent.height
         shift: items.shift
@@ -54,8 +55,11 @@ Item {
         // Centred in the bar, pushed aside only as far as the buttons demand.
         readonly property real room: items.width - items.leftEdge - items.rightEdge
         readonly property real wanted: Math.min(room, Math.ceil(items.titleWidth) + 1)
-        x: items.shift + Math.max(items.leftEdge, Math.min((items.width - wanted) / 2,
-                                                           items.width - items.rightEdge - wanted))
+        anchors.left: parent.left
+        anchors.leftMargin: items.shift
+                            + Math.max(items.leftEdge,
+                                       Math.min((items.width - wanted) / 2,
+                                                items.width - items.rightEdge - wanted))
         width: wanted
         height: parent.height
         kind: AccessibleElement.Heading
@@ -68,6 +72,7 @@ Item {
             text: items.page.title
             textFormat: Text.PlainText
             font: Theme.titleFont
+            color: Theme.textColor
             elide: Text.ElideRight
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
@@ -75,8 +80,8 @@ Item {
     }
     ViewSurface {
         id: titleSurface
-        x: items.shift + (items.width - width) / 2
-        y: (items.height - height) / 2
+        anchors.centerIn: parent
+        anchors.horizontalCenterOffset: items.shift
         width: implicitWidth
         height: implicitHeight
         fillsSurface: false

@@ -4,7 +4,6 @@ import QuietDial.Settings
 ButtonItem {
     id: button
 
-    activeFocusOnTab: enabled
     Accessible.role: Accessible.Button
 
     Rectangle {
@@ -15,6 +14,8 @@ ButtonItem {
     }
     Picture {
         anchors.fill: parent
+        // Small enough to be there at once, so that another tint does not blink.
+        asynchronous: false
         source: button.source
         opacity: !button.enabled ? Theme.disabledOpacity : tap.pressed ? Theme.pressedOpacity : 1
     }

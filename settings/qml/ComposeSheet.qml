@@ -36,7 +36,7 @@ FocusScope {
         Rectangle {
             anchors.fill: parent
             radius: Theme.alertRadius
-            color: "#f8f8f8"
+            color: Theme.sheetColor
         }
         SheetButton {
             id: cancel
@@ -56,6 +56,7 @@ FocusScope {
                 text: heading.name
                 textFormat: Text.PlainText
                 font: Theme.titleFont
+                color: Theme.textColor
                 elide: Text.ElideRight
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter
@@ -72,7 +73,7 @@ FocusScope {
             y: Theme.barHeight - height
             width: parent.width
             height: Theme.hairline
-            color: Theme.alertLineColor
+            color: Theme.sheetLineColor
         }
         AccessibleElement {
             id: area
@@ -94,6 +95,7 @@ FocusScope {
                     text: sheet.model.text
                     textFormat: TextEdit.PlainText
                     font: Theme.bodyFont
+                    color: Theme.textColor
                     wrapMode: TextEdit.Wrap
                     selectByMouse: true
                     selectionColor: Theme.tint

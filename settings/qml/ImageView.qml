@@ -14,6 +14,10 @@ ImageItem {
         anchors.fill: parent
         source: view.source
     }
+    LayerContents {
+        anchors.fill: parent
+        contents: view.contents
+    }
     TapRecognizer {
         view: view
     }

@@ -18,7 +18,7 @@ LabelItem {
         anchors.leftMargin: inPill ? Theme.pillPadding : 0
         anchors.rightMargin: anchors.leftMargin
         fontSizeMode: inPill ? Text.HorizontalFit : Text.FixedSize
-        minimumPixelSize: Theme.pillSmallestText
+        minimumPixelSize: Theme.smallestText
         text: label.text
         textFormat: Text.PlainText
         font: label.font

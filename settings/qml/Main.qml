@@ -13,6 +13,8 @@ AccessibleElement {
     // The keyboard comes back to where it was before the sheet.
     onCoveredChanged: if (!covered)
         pages.forceActiveFocus()
+    LayoutMirroring.enabled: Appearance.mirrored
+    LayoutMirroring.childrenInherit: true
     kind: AccessibleElement.Window
     name: navigation.title
     Accessible.role: Accessible.Pane

@@ -13,7 +13,7 @@ FocusScope {
 
     function slideTo(goal, animated) {
         slide.stop();
-        if (!animated) {
+        if (!animated || Appearance.reducedMotion) {
             depth = goal;
             navigation.slideEnded();
             return;
@@ -41,7 +41,7 @@ FocusScope {
         onFinished: view.navigation.slideEnded()
     }
     Shortcut {
-        sequences: ["Escape", "Alt+Left"]
+        sequences: ["Escape", Appearance.mirrored ? "Alt+Right" : "Alt+Left"]
         enabled: view.enabled
         onActivated: view.navigation.back()
     }
@@ -71,7 +71,6 @@ FocusScope {
     MouseArea {
         id: edge
         property real startX: 0
-        property real startTime: 0
         anchors.left: parent.left
         anchors.top: parent.top
         anchors.bottom: parent.bottom
@@ -81,12 +80,15 @@ FocusScope {
         propagateComposedEvents: true
         preventStealing: true
         property bool moved: false
+        function wayTo(mouse) {
+            return Appearance.mirrored ? startX - mouse.x : mouse.x - startX;
+        }
         onPressed: mouse => {
             startX = mouse.x;
             moved = false;
         }
         onPositionChanged: mouse => {
-            const way = Math.max(0, mouse.x - startX);
+            const way = Math.max(0, wayTo(mouse));
             moved = moved || way > Qt.styleHints.startDragDistance;
             if (moved)
                 view.depth = view.navigation.top - Math.min(1, way / view.width);
@@ -94,7 +96,7 @@ FocusScope {
         onReleased: mouse => {
             if (!moved)
                 return;
-            const way = mouse.x - startX;
+            const way = wayTo(mouse);
             if (way > view.width / 3)
                 view.navigation.back();
             else

@@ -1,8 +1,8 @@
 import QtQuick
 import QuietDial.Settings
 
-// One page of the stack, in its place for the depth in sight: the one on top of it comes from the
-// right while this one moves to the left and dims.
+// One page of the stack, in its place for the depth in sight: the one on top of it comes from
+// the right while this one moves to the left and dims; the other way round in a mirrored window.
 FocusScope {
     id: pageView
 
@@ -14,7 +14,7 @@ FocusScope {
     readonly property real offset: index - depth
     readonly property bool onTop: index === navigation.top
 
-    x: offset >= 0 ? offset * width : offset * width * Theme.slideParallax
+    x: (Appearance.mirrored ? -1 : 1) * offset * width * (offset >= 0 ? 1 : Theme.slideParallax)
     visible: Math.abs(offset) < 1
     enabled: onTop
     focus: onTop
@@ -44,7 +44,7 @@ FocusScope {
         visible: opacity > 0
     }
     Rectangle {
-        // The shadow of its left edge on the page under it.
+        // The shadow of its leading edge on the page under it.
         anchors.right: parent.left
         width: 8
         height: parent.height
@@ -52,11 +52,11 @@ FocusScope {
         gradient: Gradient {
             orientation: Gradient.Horizontal
             GradientStop {
-                position: 0
+                position: Appearance.mirrored ? 1 : 0
                 color: "transparent"
             }
             GradientStop {
-                position: 1
+                position: Appearance.mirrored ? 0 : 1
                 color: "#28000000"
             }
         }

@@ -12,7 +12,7 @@ Rectangle {
     width: 2.5
     height: Math.max(24, part * (flickable.height - 6))
     radius: width / 2
-    color: "#80000000"
+    color: Theme.scrollBarColor
     opacity: flickable.moving && part < 1 ? 1 : 0
     visible: opacity > 0
     Behavior on opacity {

@@ -15,7 +15,7 @@ AccessibleElement {
 
     Rectangle {
         anchors.fill: parent
-        color: Theme.pressedColor
+        color: Theme.pressedShade
         visible: tap.pressed
     }
     Text {

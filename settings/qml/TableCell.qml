@@ -14,8 +14,7 @@ TableCellItem {
     Rectangle {
         id: shade
         anchors.fill: parent
-        // White rows take the shade as it is, coloured ones are darkened by as much.
-        color: Qt.rgba(0, 0, 0, 1 - Theme.pressedColor.r)
+        color: Theme.pressedShade
         opacity: cell.down ? 1 : 0
         visible: opacity > 0
         Behavior on opacity {
@@ -32,10 +31,11 @@ TableCellItem {
         color: Theme.separatorColor
     }
     Rectangle {
-        readonly property real rightInset: cell.closesGroup ? 0 : cell.separatorRight
-        x: cell.closesGroup ? 0 : cell.separatorLeft
-        y: parent.height - height
-        width: parent.width - x - rightInset
+        anchors.left: parent.left
+        anchors.leftMargin: cell.closesGroup ? 0 : cell.separatorLeft
+        anchors.right: parent.right
+        anchors.rightMargin: cell.closesGroup ? 0 : cell.separatorRight
+        anchors.bottom: parent.bottom
         height: Theme.hairline
         color: Theme.separatorColor
         visible: cell.closesGroup || !cell.down
@@ -54,7 +54,7 @@ TableCellItem {
             height: Theme.chevronHeight
             stroke: Theme.chevronStroke
             symbol: SymbolItem.Forward
-            color: Qt.colorEqual(cell.color, "white") ? Theme.chevronColor : cell.tint
+            color: cell.plain ? Theme.chevronColor : cell.tint
         }
     }
     Component {

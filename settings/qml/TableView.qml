@@ -6,6 +6,7 @@ TableItem {
 
     container: flickable.contentItem
     activeFocusOnTab: false
+    scrolling: flickable.moving
     Accessible.role: Accessible.List
     onRevealRequested: (y, height) => {
         const room = Math.min(flickable.height / 2, height);

@@ -23,6 +23,10 @@ TextFieldItem {
         textFormat: Text.PlainText
         font: field.font
         color: Theme.placeholderColor
+        horizontalAlignment: Text.AlignLeft
+        // A large text is made to fit rather than cut.
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: Theme.smallestText
         verticalAlignment: Text.AlignVCenter
         elide: Text.ElideRight
     }
@@ -36,6 +40,7 @@ TextFieldItem {
         selectionColor: Theme.tint
         selectByMouse: true
         clip: true
+        horizontalAlignment: TextInput.AlignLeft
         verticalAlignment: TextInput.AlignVCenter
         inputMethodHints: field.inputMethodHints
         onActiveFocusChanged: {

@@ -1,5 +1,6 @@
 pragma Singleton
 import QtQuick
+import QuietDial.Settings
 
 // Every measure and colour of the window's own that platform/uikit/metrics.h does not have already,
 // in points.
@@ -7,14 +8,17 @@ QtObject {
     property real devicePixelRatio: 1
     readonly property real hairline: 1 / devicePixelRatio
 
-    readonly property color pageColor: "#efeff4"
-    readonly property color tint: "#007aff"
-    readonly property color separatorColor: "#c8c7cc"
-    readonly property color pressedColor: "#d9d9d9"
-    readonly property color chevronColor: "#c7c7cc"
-    readonly property color placeholderColor: "#c7c7cd"
-    readonly property color secondaryTextColor: "#8e8e93"
-    readonly property color focusColor: "#007aff"
+    readonly property bool dark: Appearance.dark
+    readonly property color textColor: dark ? "#ffffff" : "#000000"
+    readonly property color pageColor: dark ? "#000000" : "#efeff4"
+    readonly property color tint: dark ? "#0a84ff" : "#007aff"
+    readonly property color separatorColor: dark ? "#38383a" : "#c8c7cc"
+    // Laid over what is pressed: over a plain row it gives #d9d9d9, in the dark #3a3a3c.
+    readonly property color pressedShade: dark ? "#22ffffff" : "#26000000"
+    readonly property color chevronColor: dark ? "#5a5a5f" : "#c7c7cc"
+    readonly property color placeholderColor: dark ? "#7c7c82" : "#c7c7cd"
+    readonly property color focusColor: tint
+    readonly property color scrollBarColor: dark ? "#80ffffff" : "#80000000"
     readonly property real focusWidth: 2
 
     readonly property font bodyFont: Qt.font({
@@ -35,8 +39,8 @@ QtObject {
     })
 
     readonly property real barHeight: 44
-    readonly property color barColor: "#f8f8f8"
-    readonly property color barLineColor: "#c4c4c4"
+    readonly property color barColor: dark ? "#161618" : "#f8f8f8"
+    readonly property color barLineColor: dark ? "#38383a" : "#c4c4c4"
     readonly property real barMargin: 8
     readonly property real barPictureMargin: 15
     readonly property real barGap: 6
@@ -54,11 +58,20 @@ QtObject {
     readonly property real checkmarkWidth: 15
     readonly property real checkmarkHeight: 12
     readonly property real checkmarkStroke: 2
-    readonly property real iconRadius: 6.5
+
+    readonly property font segmentFont: Qt.font({
+        pixelSize: 13,
+        hintingPreference: Font.PreferNoHinting
+    })
+    readonly property real segmentRadius: 4
+    readonly property real segmentLine: 1
+    readonly property real segmentPressedOpacity: 0.15
+    readonly property color segmentChosenColor: "white"
 
     readonly property real pillPadding: 4
-    readonly property int pillSmallestText: 11
+    readonly property int smallestText: 11
 
+    readonly property color wheelColor: "#8e8e93"
     readonly property int wheelSpokes: 12
     readonly property int wheelTime: 1000
     readonly property real wheelSpokeWidth: 0.09
@@ -72,14 +85,13 @@ QtObject {
     readonly property real slideParallax: 0.3
     readonly property real slideDim: 0.1
     readonly property real edgeWidth: 20
-    readonly property int scrollTime: 150
 
     readonly property real alertWidth: 270
     readonly property real alertRadius: 7
     readonly property real alertPadding: 18
-    readonly property real alertStartScale: 1.185
-    readonly property color alertLineColor: "#b5b5b5"
-    readonly property color dimColor: "#66000000"
+    readonly property color sheetColor: dark ? "#2c2c2e" : "#f8f8f8"
+    readonly property color sheetLineColor: dark ? "#48484a" : "#b5b5b5"
+    readonly property color dimColor: dark ? "#99000000" : "#66000000"
     readonly property real composeMargin: 12
     readonly property real composeWidth: 400
     readonly property real composeTextHeight: 132

@@ -27,7 +27,7 @@ Item {
                 text: qsTr("This page cannot be shown here.")
                 textFormat: Text.PlainText
                 font: Theme.bodyFont
-                color: Theme.secondaryTextColor
+                color: Theme.textColor
                 horizontalAlignment: Text.AlignHCenter
                 wrapMode: Text.Wrap
             }

@@ -68,7 +68,11 @@ WebEngineView {
     activeFocusOnPress: false
 
     onViewChanged: begin()
-    onContentsSizeChanged: tellHeight()
+    onContentsSizeChanged: {
+        if (view)
+            view.laidOutWidth = contentsSize.width;
+        tellHeight();
+    }
     onLoadingChanged: info => {
         if (info.status === WebEngineView.LoadStartedStatus)
             return;

@@ -6,14 +6,15 @@ import QuietDial.Settings
 WebViewItem {
     id: view
 
-    readonly property real layoutWidth: width > 0 ? width : parent ? parent.width : 0
+    readonly property real pageWidth: width > 0 ? width : parent ? parent.width : 0
+    layoutWidth: pageWidth
     Accessible.role: Accessible.WebDocument
 
     Loader {
         id: page
-        width: view.layoutWidth
+        width: view.pageWidth
         height: Math.max(1, view.height)
-        active: view.usesEngine && view.layoutWidth > 0
+        active: view.usesEngine && view.pageWidth > 0
         // By its address: the engine's module is not there, or not loaded, before it is needed.
         source: "WebPage.qml"
         onStatusChanged: if (status === Loader.Error)
@@ -25,7 +26,7 @@ WebViewItem {
         visible: view.usesEngine && !view.measuring
     }
     WebNote {
-        width: view.layoutWidth
+        width: view.pageWidth
         visible: !view.usesEngine && !view.measuring
         onImplicitHeightChanged: view.setNoteHeight(implicitHeight)
         onOpened: view.openOutside(view.url)

@@ -1,8 +1,11 @@
 """The catalogue, from the badge to the page, against the real server: what is stored, and what a
 server that is slow, absent, broken or hostile can do."""
 
+import json
 import os
 import plistlib
+import socket
+import subprocess
 import sys
 import tempfile
 import time
@@ -10,7 +13,7 @@ import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
 from catalogue import HOST, Catalogue  # noqa: E402
-from drive import Drive  # noqa: E402
+from drive import Drive, program  # noqa: E402
 
 ROOT = "QDPreferencesListController"
 PREFIX = "QDCountryPrefixController"
@@ -237,6 +240,23 @@ class BadServers(unittest.TestCase):
                 drive.do("push", pane=PROMOTION, settle=False)
                 drive.do("quit", settle=False)
             self.assertLess(time.monotonic() - start, 15)
+
+
+class Demonstration(unittest.TestCase):
+    def test_a_newcomer_sees_a_badge_and_the_server_ends_with_the_program(self):
+        script = os.path.join(os.path.dirname(__file__), "..", "..", "scripts", "with-catalogue")
+        lines = '{"do":"push","pane":"%s"}\n{"do":"globals"}\n' % ROOT
+        result = subprocess.run([script, program(), "drive"], input=lines, capture_output=True, text=True, timeout=60)
+        self.assertEqual(result.stderr, "")
+        tweaks = json.loads(result.stdout.splitlines()[1])["unseenTweaks"]
+        self.assertGreater(len(tweaks), 2)
+        shown = subprocess.run([script, "echo"], capture_output=True, text=True, timeout=60).stdout.split()
+        self.assertEqual((shown[0], shown[1].split("=")[0]), ("--map-host", HOST))
+        address = shown[1].split("=")[1].split(":")
+        end = time.monotonic() + 30
+        with self.assertRaises(ConnectionRefusedError):
+            while time.monotonic() < end:
+                socket.create_connection((address[0], int(address[1]))).close()
 
 
 if __name__ == "__main__":

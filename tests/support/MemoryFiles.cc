@@ -1,8 +1,8 @@
 #include "tests/support/MemoryFiles.h"
 
-std::optional<PropertyListData> MemoryFiles::dataWithContentsOfFile(
-    const std::string& /*path*/) const {
-  return std::nullopt;
+std::optional<PropertyListData> MemoryFiles::dataWithContentsOfFile(const std::string& path) const {
+  const auto found = data.find(path);
+  return found == data.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::optional<PropertyListDictionary> MemoryFiles::dictionaryWithContentsOfFile(

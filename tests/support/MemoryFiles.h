@@ -15,5 +15,7 @@ class MemoryFiles : public FileService {
                              const std::string& path) override;
 
   std::map<std::string, PropertyListDictionary> dictionaries;
+  /// Files of other kinds.
+  std::map<std::string, PropertyListData> data;
   bool failsToWrite = false;
 };

@@ -2,6 +2,7 @@
 
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/RecordingWebViews.h"
@@ -24,11 +25,15 @@ PaneTest::PaneTest() {
       .webViews = std::make_shared<RecordingWebViews>(
           [web = web](const NSURLRequest& request) { return web->heightOfPage(request); },
           recorder),
+      .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
   outer = allocInit<UINavigationController>();
   inner = allocInit<UINavigationController>();
   outer->pushViewControllerAnimated(inner, false);
+  window = allocInit<UIWindow>();
+  window->setRootViewController(outer);
 }
 
 void PaneTest::layOut() {

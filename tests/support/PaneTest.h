@@ -8,10 +8,12 @@
 #include <gtest/gtest.h>
 
 #include "headless/ManualClock.h"
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingSheets.h"
 #include "platform/foundation/GlobalQueue.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIWindow.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/MemoryPictures.h"
 #include "tests/support/MemoryWeb.h"
@@ -65,6 +67,8 @@ class PaneTest : public testing::Test {
   std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
   std::shared_ptr<MemoryWeb> web = std::make_shared<MemoryWeb>();
   std::shared_ptr<RecordingSheets> sheets = std::make_shared<RecordingSheets>(recorder);
+  std::shared_ptr<ManualDisplayRefresh> displayRefresh = std::make_shared<ManualDisplayRefresh>();
+  std::shared_ptr<UIWindow> window;
   std::shared_ptr<UINavigationController> outer;
   std::shared_ptr<UINavigationController> inner;
 };

@@ -18,8 +18,12 @@ class CommandLine(unittest.TestCase):
     def test_unusable_arguments_are_refused_with_one_line(self):
         for arguments in (["--bogus"], ["word"], ["--size", "tall"], ["--size", "1x1"],
                           ["--size", "99999x600"], ["--scale", "nan"], ["--scale", "0"],
-                          ["--renderer", "crayon"], ["--bundle", "/no/such.bundle"],
-                          ["--screenshot", ""], ["--root", ""],
+                          ["--renderer", "crayon"], ["--effects", "some"],
+                          ["--effects", "real", "--screenshot", "a"], ["--appearance", "pink"],
+                          ["--text-size", "huge"], ["--motion", ""], ["--direction", "up"],
+                          ["--bundle", "/no/such.bundle"],
+                          ["--screenshot", ""], ["--root", ""], ["--gif", ""],
+                          ["--refresh-rate", "0"], ["--refresh-rate", "fast"],
                           ["--screenshot", "a", "--tour", "b"]):
             with self.subTest(arguments=arguments):
                 self.refuses(*arguments)
@@ -28,8 +32,23 @@ class CommandLine(unittest.TestCase):
         result = program.run("--help")
         self.assertEqual(result.returncode, 0)
         for option in ("root", "bundle", "pane", "entry-badge", "size", "scale", "screenshot",
-                       "tour", "renderer", "help", "version"):
+                       "tour", "renderer", "appearance", "text-size", "motion", "direction",
+                       "effects", "gif", "refresh-rate", "help", "version"):
             self.assertIn("--" + option, result.stdout)
+
+    def test_a_file_that_cannot_be_played_is_told_in_one_sentence(self):
+        with tempfile.TemporaryDirectory() as folder:
+            text = os.path.join(folder, "text.gif")
+            with open(text, "w", encoding="ascii") as file:
+                file.write("not a picture")
+            for path, reason in ((os.path.join(folder, "none.gif"), "cannot be read."),
+                                 (folder, "cannot be read."),
+                                 (text, "is no animated picture that can be played.")):
+                with self.subTest(path=path):
+                    result = program.run("--root", folder, "--effects", "none", "--gif", path,
+                                         QT_QPA_PLATFORM="offscreen")
+                    self.assertEqual(result.returncode, 1)
+                    self.assertEqual(result.stderr, f"quietdial-settings: {path} {reason}\n")
 
     def test_version_is_one_line(self):
         result = program.run("--version")

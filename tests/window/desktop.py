@@ -1,5 +1,5 @@
-"""A desktop of its own for a test: X server, session bus and accessibility bus, without a window
-manager, and the Settings application in it."""
+"""A desktop of its own for a test: X server, process namespace, session bus and accessibility bus,
+without a window manager, and the Settings application in it."""
 
 import os
 import shutil
@@ -14,21 +14,39 @@ import program
 PATIENCE = 30
 
 
+def namespace():
+    """The command that runs another one in a process namespace of its own; empty where the machine
+    allows none."""
+    command = ["unshare", "--pid", "--fork", "--kill-child", "--mount-proc"]
+    if os.geteuid() != 0:
+        command.append("--map-root-user")
+    possible = subprocess.run([*command, "true"], stderr=subprocess.DEVNULL, check=False)
+    return command if possible.returncode == 0 else []
+
+
 def in_own_desktop():
-    """Starts the running test program again inside a desktop of its own, unless it is in one."""
+    """Starts the running test program again inside a desktop of its own, unless it is in one. A
+    change restarts the dialler, and that kills every process of its name: hence the namespace."""
     if os.environ.get("QUIETDIAL_TEST_DESKTOP"):
         return
+    isolation = namespace()
     runtime = tempfile.mkdtemp()
     os.chmod(runtime, 0o700)
     try:
-        environment = dict(os.environ, QUIETDIAL_TEST_DESKTOP="1", XDG_RUNTIME_DIR=runtime,
+        environment = dict(os.environ, QUIETDIAL_TEST_DESKTOP="isolated" if isolation else "open",
+                           XDG_RUNTIME_DIR=runtime,
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
         status = subprocess.run(
-            ["xvfb-run", "-a", "-s", "-screen 0 800x1000x24", "dbus-run-session", "--",
+            ["xvfb-run", "-a", "-s", "-screen 0 800x1000x24", *isolation, "dbus-run-session", "--",
              sys.executable, "-B", "-W", "ignore", *sys.argv], env=environment, check=False).returncode
     finally:
         shutil.rmtree(runtime, ignore_errors=True)
     sys.exit(status)
+
+
+def is_isolated():
+    """Whether a restart of the dialler reaches the processes of this desktop alone."""
+    return os.environ.get("QUIETDIAL_TEST_DESKTOP") == "isolated"
 
 
 def wait_for(condition, what):
@@ -44,11 +62,14 @@ def wait_for(condition, what):
 
 
 class Application:
-    """The Settings application, seen through the accessibility bus."""
+    """The Settings application, seen through the accessibility bus. `environment` is added to this
+    process's own."""
 
-    def __init__(self, root, *arguments):
+    def __init__(self, root, *arguments, **environment):
         self.root = root
-        self.process = subprocess.Popen([program.PROGRAM, "--root", root, *arguments],
+        effects = [] if is_isolated() else ["--effects", "none"]
+        self.process = subprocess.Popen([program.PROGRAM, "--root", root, *effects, *arguments],
+                                        env=dict(os.environ, **environment),
                                         stderr=subprocess.PIPE, text=True)
         self._application = wait_for(self._find, "the application on the accessibility bus")
 

@@ -14,6 +14,9 @@ PAGE = (239, 239, 244)
 WHITE = (255, 255, 255)
 RED = (255, 0, 0)
 TINT = (0, 122, 255)
+BLACK = (0, 0, 0)
+DARK_ROW = (28, 28, 30)
+DARK_TINT = (10, 132, 255)
 SEPARATOR = (200, 199, 204)
 BAR_LINE = (196, 196, 196)
 
@@ -127,24 +130,80 @@ class Pictures(unittest.TestCase):
         self.assertEqual(picture.at(5, (44 + 35 + 22) * 2), WHITE)
         self.assertEqual(picture.at(5, (44 + 35 + 44 + 22) * 2), PAGE)
 
-    def test_the_tour_shows_every_page_whole(self):
+    def test_the_tour_shows_every_page_whole_in_every_look(self):
         tour = os.path.join(self.folder, "tour")
         result = program.run("--tour", tour, "--size", "320x568")
         self.assertEqual(result.returncode, 0, result.stderr)
         with open(os.path.join(tour, "index.html"), encoding="utf-8") as file:
             index = file.read()
-        shown = re.findall(r'<img src="([^"]+)"', index)
+        shown = re.findall(r'<img [^>]*src="([^"]+)"', index)
         self.assertEqual(sorted(shown), sorted(set(os.listdir(tour)) - {"index.html"}))
-        classes = {name.split("-", 1)[1] for name in shown}
-        self.assertLessEqual({"SettingsListController.png", "QDPreferencesListController.png",
-                              "QDCountryPrefixController.png"}, classes)
-        prefixes = next(name for name in shown if "QDCountryPrefixController" in name)
+        looks = {}
+        for name in shown:
+            _, subject, look = name.removesuffix(".png").split("-", 2)
+            looks.setdefault(subject, set()).add(look.removeprefix("bar-"))
+        self.assertLessEqual({"SettingsListController", "QDPreferencesListController",
+                              "QDCountryPrefixController", "BundleFailureController",
+                              "HeldBackController"}, set(looks))
+        every = {f"{width}-{scheme}-{text}" for width in (320, 375, 414)
+                 for scheme in ("light", "dark") for text in ("text", "largetext")}
+        for subject, found in looks.items():
+            self.assertEqual(found, every, subject)
+        prefixes = next(name for name in shown
+                        if name.endswith("QDCountryPrefixController-320-light-text.png"))
         picture = Picture(os.path.join(tour, prefixes))
         self.assertEqual(picture.width, 320)
         self.assertGreater(picture.height, 44 * 38)
         self.assertTrue(self.has_text(picture, 15, picture.height - 60, 300, picture.height - 20)
                         or self.has_text(picture, 15, picture.height - 100, 300,
                                          picture.height - 40))
+
+    def test_in_the_dark_the_systems_colours_change_and_a_panes_own_stay(self):
+        pane = ["--pane", "QDPreferencesListController", "--size", "320x568", "--scale", "2",
+                "--entry-badge", "New update available!"]
+        first_row, second_row = (44 + 35) * 2, (44 + 35 + 44) * 2
+        for scheme, page, row in (("light", PAGE, WHITE), ("dark", BLACK, DARK_ROW)):
+            picture = self.take(*pane, "--appearance", scheme)
+            self.assertEqual(picture.at(5, first_row - 10), page)
+            self.assertEqual(picture.at(5, first_row + 10), row)
+            self.assertEqual(picture.at(5, second_row + 10), RED)
+            # Icon and title of the update row are white in both.
+            self.assertGreater(picture.colors(30, second_row, 400, second_row + 88)[WHITE], 100)
+        self.assertGreater(picture.colors(200, 10, 440, 80).get(DARK_TINT, 0), 100)
+
+    def test_from_right_to_left_everything_stands_the_other_way_round_and_codes_do_not(self):
+        pane = ["--pane", "QDCountryPrefixController", "--size", "320x568", "--scale", "2"]
+        ltr = self.take(*pane, "--direction", "ltr")
+        rtl = self.take(*pane, "--direction", "rtl")
+
+        def ink(picture, left, right):
+            """The inked places of Canada's row between two columns."""
+            top = (44 + 35 + 16 + 7 + 44 * 4 + 8) * 2
+            return [(x, y) for x in range(left, right) for y in range(top, top + 56)
+                    if picture.at(x, y) != WHITE]
+
+        def begins_with_the_star(code):
+            """Whether the ink of the left end lies higher than that of the right end."""
+            left, right = min(code)[0], max(code)[0]
+            return max(y for x, y in code if x < left + 8) + 8 < \
+                max(y for x, y in code if x > right - 18)
+
+        for picture, code, title in ((ltr, (400, 640), (0, 300)), (rtl, (0, 240), (340, 640))):
+            self.assertTrue(begins_with_the_star(ink(picture, *code)))
+            self.assertTrue(ink(picture, *title))
+        self.assertAlmostEqual(640 - max(ink(ltr, 400, 640))[0], min(ink(rtl, 0, 240))[0], delta=6)
+        self.assertAlmostEqual(min(ink(ltr, 0, 300))[0], 640 - max(ink(rtl, 340, 640))[0], delta=6)
+
+    def test_larger_text_makes_higher_rows(self):
+        def rows(size):
+            picture = self.take("--pane", "QDCountryPrefixController", "--size", "320x568",
+                                "--text-size", size)
+            lines = [y for y in range(60, 568) if picture.at(200, y) == SEPARATOR]
+            # The line above the first row is not the one below it.
+            return {b - a for a, b in zip(lines[1:], lines[2:])}
+        self.assertEqual(rows("l"), {44})
+        self.assertEqual(rows("xs"), {44})
+        self.assertGreater(min(rows("ax1")), 44)
 
     def test_a_tour_without_a_root_leaves_the_users_settings_alone(self):
         home = os.path.join(self.folder, "home")

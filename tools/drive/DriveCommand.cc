@@ -10,9 +10,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingFetches.h"
 #include "headless/RecordingFiles.h"
+#include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/RecordingWebViews.h"
@@ -25,11 +27,12 @@
 #include "linux/HTTPClient.h"
 #include "linux/HTTPFetchService.h"
 #include "linux/HostMap.h"
+#include "linux/NetworkWork.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/StandardErrorLog.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
-#include "platform/foundation/GlobalQueue.h"
 #include "tools/drive/DriveSession.h"
 #include "tools/drive/LineReader.h"
 
@@ -151,30 +154,13 @@ std::optional<double> heightOfPage(HTTPClient& web, const NSURLRequest& request)
   return isNumber && height >= 0 && height <= kGreatestHeight ? height : kUsualHeight;
 }
 
-// Ends what is still under way in the background when this object goes: scripts do not wait for a
-// server that hangs.
-class BackgroundWork {
- public:
-  explicit BackgroundWork(std::shared_ptr<HTTPClient> web) : web_(std::move(web)) {}
-  ~BackgroundWork() {
-    web_->stop();
-    GlobalQueue::shared().waitUntilIdle();
-  }
-  BackgroundWork(const BackgroundWork&) = delete;
-  BackgroundWork& operator=(const BackgroundWork&) = delete;
-  BackgroundWork(BackgroundWork&&) = delete;
-  BackgroundWork& operator=(BackgroundWork&&) = delete;
-
- private:
-  std::shared_ptr<HTTPClient> web_;
-};
-
 int serve(const Arguments& arguments, const std::string& root, std::istream& in, std::ostream& out,
           std::ostream& err) {
   const auto paths = std::make_shared<const DevicePaths>(root, DevicePaths::installedLibrary());
   const auto recorder = std::make_shared<Recorder>();
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
+  const auto displayRefresh = std::make_shared<ManualDisplayRefresh>();
   const auto effects = arguments.effects == "real" ? realEffects() : Effects{};
   HostMap hosts;
   for (const auto& host : arguments.mappedHosts) {
@@ -197,6 +183,8 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
           std::make_shared<RecordingFetches>(std::make_shared<HTTPFetchService>(web), recorder),
       .webViews = std::make_shared<RecordingWebViews>(
           [web](const NSURLRequest& request) { return heightOfPage(*web, request); }, recorder),
+      .displayRefresh = displayRefresh,
+      .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
@@ -210,8 +198,8 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   if (effects.notifications) {
     options.exchangeNotifications = [bus = effects.notifications] { bus->process(); };
   }
-  const BackgroundWork background(web);
-  DriveSession session(std::move(options), module, clock, recorder, sheets);
+  const NetworkWork network(web);
+  DriveSession session(std::move(options), module, clock, recorder, sheets, displayRefresh);
   LineReader lines(in, kLongestLine);
   std::string line;
   while (!session.hasEnded()) {

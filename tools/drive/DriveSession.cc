@@ -7,11 +7,13 @@
 #include <utility>
 
 #include "core/preferenceStore.h"
+#include "headless/drainAllQueues.h"
 #include "platform/foundation/GlobalQueue.h"
-#include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/services.h"
+#include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIButton.h"
+#include "platform/uikit/UISegmentedControl.h"
 #include "prefix/prefixes.h"
 #include "root/TweakList.h"
 #include "tools/drive/report.h"
@@ -63,12 +65,14 @@ double numberMember(const Json& request, const char* name, double least, double 
   return number;
 }
 
-void collectButtons(const UIView& view, std::vector<std::shared_ptr<UIButton>>& buttons) {
+// The views of that class below a view, in order.
+template <class View>
+void collect(const UIView& view, std::vector<std::shared_ptr<View>>& views) {
   for (const auto& child : view.subviews()) {
-    if (auto button = cast<UIButton>(child)) {
-      buttons.push_back(std::move(button));
+    if (auto found = cast<View>(child)) {
+      views.push_back(std::move(found));
     }
-    collectButtons(*child, buttons);
+    collect(*child, views);
   }
 }
 
@@ -84,15 +88,19 @@ Json success() {
 
 DriveSession::DriveSession(Options options, const BundleModule& module,
                            std::shared_ptr<ManualClock> clock, std::shared_ptr<Recorder> recorder,
-                           std::shared_ptr<RecordingSheets> sheets)
+                           std::shared_ptr<RecordingSheets> sheets,
+                           std::shared_ptr<ManualDisplayRefresh> displayRefresh)
     : options_(std::move(options)),
       module_(module),
       clock_(std::move(clock)),
       recorder_(std::move(recorder)),
       sheets_(std::move(sheets)),
+      displayRefresh_(std::move(displayRefresh)),
+      window_(allocInit<UIWindow>()),
       outer_(allocInit<UINavigationController>()),
       inner_(allocInit<UINavigationController>()) {
   outer_->pushViewControllerAnimated(inner_, false);
+  window_->setRootViewController(outer_);
 }
 
 Json DriveSession::answer(const std::string& line) {
@@ -196,9 +204,21 @@ Json DriveSession::views(const Json& request) {
 
 Json DriveSession::segment(const Json& request) {
   auto& pane = requireTopPane();
-  requireCell(pane, request);
-  indexMember(request, "index");
-  throw Refusal("Row " + member(request, "row").dump() + " has no segmented control.");
+  const auto cell = requireCell(pane, request);
+  const int index = indexMember(request, "index");
+  std::vector<std::shared_ptr<UISegmentedControl>> controls;
+  collect(*cell, controls);
+  if (controls.empty()) {
+    throw Refusal("Row " + member(request, "row").dump() + " has no segmented control.");
+  }
+  const auto count = controls.front()->titles().size();
+  if (std::cmp_greater_equal(index, count)) {
+    throw Refusal("Row " + member(request, "row").dump() + " has " + std::to_string(count) +
+                  " segments, counted from 0.");
+  }
+  controls.front()->chooseSegment(index);
+  layOut();
+  return success();
 }
 
 Json DriveSession::press(const Json& request) {
@@ -206,7 +226,7 @@ Json DriveSession::press(const Json& request) {
   const auto cell = requireCell(pane, request);
   const auto number = static_cast<std::size_t>(indexMember(request, "button"));
   std::vector<std::shared_ptr<UIButton>> buttons;
-  collectButtons(*cell, buttons);
+  collect(*cell, buttons);
   if (number == 0 || number > buttons.size()) {
     throw Refusal("Row " + member(request, "row").dump() + " has " +
                   std::to_string(buttons.size()) + " buttons, counted from 1.");
@@ -278,9 +298,16 @@ Json DriveSession::resize(const Json& request) {
 }
 
 Json DriveSession::refresh(const Json& request) {
-  indexMember(request, "count");
-  numberMember(request, "duration", 0, 3600);
-  throw Refusal("No pane of this version shows anything that moves with the display.");
+  const int count = indexMember(request, "count");
+  const double duration = numberMember(request, "duration", 0, 3600);
+  for (int refresh = 0; refresh < count; ++refresh) {
+    settle();
+    if (!displayRefresh_->isWanted()) {
+      break;  // more of them would change nothing
+    }
+    displayRefresh_->refresh(duration);
+  }
+  return success();
 }
 
 Json DriveSession::advance(const Json& request) {
@@ -289,7 +316,8 @@ Json DriveSession::advance(const Json& request) {
 }
 
 Json DriveSession::memoryWarning(const Json& /*request*/) {
-  throw Refusal("No pane of this version keeps anything that a memory warning would free.");
+  UIApplication::sharedApplication().didReceiveMemoryWarning();
+  return success();
 }
 
 Json DriveSession::settings(const Json& /*request*/) {
@@ -334,13 +362,12 @@ Json DriveSession::quit(const Json& /*request*/) {
 }
 
 void DriveSession::settle() {
-  // What ends in the background, and the layout after it, may start more.
+  if (options_.exchangeNotifications) {
+    options_.exchangeNotifications();
+  }
+  // Laying out may load a page, which ends in the background.
   do {
-    GlobalQueue::shared().waitUntilIdle();
-    if (options_.exchangeNotifications) {
-      options_.exchangeNotifications();
-    }
-    MainQueue::shared().drain();
+    drainAllQueues();
     if (options_.exchangeNotifications) {
       options_.exchangeNotifications();
     }

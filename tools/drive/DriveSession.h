@@ -6,10 +6,12 @@
 #include <string>
 
 #include "headless/ManualClock.h"
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingSheets.h"
 #include "linux/BundleModule.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/uikit/UINavigationController.h"
+#include "platform/uikit/UIWindow.h"
 #include "tools/drive/json.h"
 
 /// The panes under a script: a navigation controller inside another one, as in the Settings
@@ -27,7 +29,8 @@ class DriveSession {
 
   /// `module` outlives the session.
   DriveSession(Options options, const BundleModule& module, std::shared_ptr<ManualClock> clock,
-               std::shared_ptr<Recorder> recorder, std::shared_ptr<RecordingSheets> sheets);
+               std::shared_ptr<Recorder> recorder, std::shared_ptr<RecordingSheets> sheets,
+               std::shared_ptr<ManualDisplayRefresh> displayRefresh);
 
   /// The answer to one line. Never throws; a request that cannot be carried out has changed
   /// nothing.
@@ -70,6 +73,8 @@ class DriveSession {
   std::shared_ptr<ManualClock> clock_;
   std::shared_ptr<Recorder> recorder_;
   std::shared_ptr<RecordingSheets> sheets_;
+  std::shared_ptr<ManualDisplayRefresh> displayRefresh_;
+  std::shared_ptr<UIWindow> window_;
   std::shared_ptr<UINavigationController> outer_;
   std::shared_ptr<UINavigationController> inner_;
   bool ended_ = false;

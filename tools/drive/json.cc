@@ -86,6 +86,7 @@ struct EventWriter {
   Json operator()(const DismissEvent& /*event*/) const {
     return {{"event", "dismiss"}, {"sheet", "compose"}};
   }
+  Json operator()(const LogEvent& event) const { return {{"event", "log"}, {"line", event.line}}; }
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
+#include "platform/uikit/UISegmentedControl.h"
 #include "platform/uikit/UITextField.h"
 #include "platform/uikit/UIWebView.h"
 
@@ -45,7 +46,7 @@ Json reportImage(const std::shared_ptr<UIImage>& image) {
   if (!image) {
     return nullptr;
   }
-  return {{"file", image->name()},
+  return {{"file", textOrNull(image->name())},
           {"template", image->renderingMode() == UIImageRenderingMode::kAlwaysTemplate},
           {"width", image->size().width},
           {"height", image->size().height}};
@@ -92,6 +93,16 @@ void describeLabel(Json& report, const UILabel& label) {
   report["fontSize"] = label.font().pointSize;
   report["alignment"] = nameOf(label.textAlignment());
   report["lines"] = label.numberOfLines();
+}
+
+// The bundle's class answers by the names of its properties.
+void describeAnimation(Json& report, UIImageView& view) {
+  if (view.respondsToSelector("setAnimatedImage:")) {
+    report["frames"] = toJson(view.valueForKey("frameCount"));
+    report["frameIndex"] = toJson(view.valueForKey("currentFrameIndex"));
+    report["animating"] = view.isAnimating();
+    report["loopCountdown"] = toJson(view.valueForKey("loopCountdown"));
+  }
 }
 
 void describeField(Json& report, const UITextField& field) {
@@ -143,7 +154,7 @@ Json reportPane(PSListController& pane) {
   return report;
 }
 
-Json reportView(const UIView& view) {
+Json reportView(UIView& view) {
   Json report{{"class", std::string(view.classDescription().name)},
               {"frame", toJson(view.frame())}};
   if (view.isHidden()) {
@@ -156,12 +167,16 @@ Json reportView(const UIView& view) {
     describeLabel(report, *label);
   } else if (const auto* field = dynamic_cast<const UITextField*>(&view)) {
     describeField(report, *field);
+  } else if (const auto* segments = dynamic_cast<const UISegmentedControl*>(&view)) {
+    report["segments"] = segments->titles();
+    report["selected"] = segments->selectedSegmentIndex();
   } else if (const auto* button = dynamic_cast<const UIButton*>(&view)) {
     report["image"] = reportImage(button->image());
     report["tint"] = toJson(button->tintColor());
-  } else if (const auto* picture = dynamic_cast<const UIImageView*>(&view)) {
+  } else if (auto* picture = dynamic_cast<UIImageView*>(&view)) {
     report["image"] = reportImage(picture->image());
     report["tint"] = toJson(picture->tintColor());
+    describeAnimation(report, *picture);
   } else if (const auto* page = dynamic_cast<const UIWebView*>(&view)) {
     report["url"] = page->request() ? Json(page->request()->url) : Json(nullptr);
     report["loading"] = page->isLoading();

@@ -9,4 +9,4 @@
 Json reportPane(PSListController& pane);
 
 /// A view with its children, as it stands.
-Json reportView(const UIView& view);
+Json reportView(UIView& view);

@@ -13,6 +13,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "animated/FLAnimatedImage.h"
 #include "platform/imageio/CGImageSource.h"
 #include "tools/gif/StraightPixels.h"
 
@@ -92,7 +93,20 @@ bool hasImage(const CGImageSource& source) {
   return false;
 }
 
-nlohmann::ordered_json describe(const CGImageSource& source, bool withChecksums) {
+// How it would be played; null where it cannot be.
+nlohmann::ordered_json describeAnimation(const CGImageSource::Data& data) {
+  const auto image = FLAnimatedImage::animatedImageWithGIFData(NSData::dataWithBytes(*data));
+  nlohmann::ordered_json object;
+  object["delays"] = image ? nlohmann::ordered_json(image->delayTimes()) : nlohmann::ordered_json();
+  object["posterFrame"] =
+      image ? nlohmann::ordered_json(image->posterImageFrameIndex()) : nlohmann::ordered_json();
+  object["optimalCacheSize"] =
+      image ? nlohmann::ordered_json(image->frameCacheSizeOptimal()) : nlohmann::ordered_json();
+  return object;
+}
+
+nlohmann::ordered_json describe(const CGImageSource& source, const CGImageSource::Data& data,
+                                bool withChecksums) {
   const std::optional<CGImageProperties> first = source.copyPropertiesAtIndex(0);
   nlohmann::ordered_json unclamped = nlohmann::ordered_json::array();
   nlohmann::ordered_json checksums = nlohmann::ordered_json::array();
@@ -110,6 +124,7 @@ nlohmann::ordered_json describe(const CGImageSource& source, bool withChecksums)
   object["height"] = first->pixelHeight;
   object["frames"] = source.count();
   object["unclamped"] = std::move(unclamped);
+  object.update(describeAnimation(data));
   if (withChecksums) {
     object["checksums"] = std::move(checksums);
   }
@@ -151,6 +166,6 @@ int runGifCommand(std::span<char* const> arguments, std::ostream& out, std::ostr
       return failed;
     }
   }
-  out << describe(*source, options->checksums) << '\n';
+  out << describe(*source, data, options->checksums) << '\n';
   return 0;
 }

@@ -94,7 +94,7 @@ TEST(PosixProcessService, ANullEnvironmentIsEmpty) {
 
 TEST(PosixProcessService, AskingWithoutWaitingSaysWhetherItRuns) {
   PosixProcessService processes;
-  const int pid = started(processes, "/bin/sleep 100");
+  const int pid = started(processes, "exec /bin/sleep 100");
   int status = -1;
   EXPECT_EQ(processes.waitpid(pid, status, 1 | kExited), 0);
   EXPECT_EQ(processes.waitpid(pid, status, 64), -1);

@@ -1,28 +1,10 @@
 #include "core/rowHeight.h"
 
 #include "platform/uikit/metrics.h"
+#include "tests/support/HalfHighCell.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
-
-// Half as high as the width that it is offered.
-class HalfHighCell : public PSTableCell {
- public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
-  bool initWithStyleReuseIdentifierSpecifier(
-      UITableViewCellStyle style, std::string reuseIdentifier,
-      const std::shared_ptr<PSSpecifier>& specifier) override {
-    ++made;
-    return PSTableCell::initWithStyleReuseIdentifierSpecifier(style, std::move(reuseIdentifier),
-                                                              specifier);
-  }
-  CGFloat preferredHeightForWidth(CGFloat width) override { return width / 2; }
-  inline static int made = 0;
-};
-
-constexpr ClassDescription HalfHighCell::classObject{
-    "HalfHighCell", &PSTableCell::classObject, &allocObject<HalfHighCell>, {}};
 
 class Pane : public PSListController {
  public:
@@ -61,6 +43,17 @@ TEST_F(RowHeightTest, DynamicHeightSetToFalseGivesTheListsHeightAsWithoutTheProp
   EXPECT_EQ(height(*pane, 1), metrics::kRowHeight);
 }
 
+TEST_F(RowHeightTest, DynamicHeightSetToFalseLeavesAFixedHeightInForce) {
+  const auto pane = open<Pane>();
+  for (const int index : {0, 1}) {
+    const auto row = pane->specifierAtIndex(index);
+    row->setPropertyForKey(PropertyListValue(100), "height");
+    pane->reloadSpecifier(row);
+    layOut();
+    EXPECT_EQ(height(*pane, index), 100);
+  }
+}
+
 TEST_F(RowHeightTest, ADynamicRowIsAskedOfItsCellAtTheContentsWidth) {
   const auto pane = open<Pane>();
   EXPECT_EQ(height(*pane, 2), 160);
@@ -71,6 +64,7 @@ TEST_F(RowHeightTest, ADynamicRowsHeightFollowsTheTablesWidth) {
   width = 568;
   layOut();
   EXPECT_EQ(height(*pane, 2), 284);
+  EXPECT_EQ(height(*pane, 1), metrics::kRowHeight);
 }
 
 TEST_F(RowHeightTest, TheCellThatWasMeasuredIsTheOneThatIsShown) {

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/foundation/NSNumber.h"
 #include "platform/foundation/method.h"
 #include "tests/support/PaneTest.h"
 
@@ -99,6 +100,16 @@ TEST_F(MainQueueTest, CancellingASelectorLeavesTheOthersAndOtherArguments) {
   EXPECT_THAT(calls(), ElementsAre("first", "second"));
 }
 
+TEST_F(MainQueueTest, ArgumentsThatAreEqualAreCancelledWhicheverObjectTheyAre) {
+  later("first", 1, NSNumber::numberWithUnsignedInteger(2));
+  later("second", 1, NSNumber::numberWithUnsignedInteger(3));
+  const auto two = NSNumber::numberWithUnsignedInteger(2);
+  queue.cancelPreviousPerformRequestsWithTargetSelectorObject(*listener, "first", two);
+  queue.cancelPreviousPerformRequestsWithTargetSelectorObject(*listener, "second", two);
+  advance(1);
+  EXPECT_THAT(calls(), ElementsAre("second"));
+}
+
 TEST_F(MainQueueTest, AnEarlierCallCanCancelALaterOneOfTheSameMoment) {
   later("cancelling", 1);
   later("first", 1);
@@ -127,6 +138,14 @@ TEST_F(MainQueueTest, TheHostIsWokenForTasksFromOtherThreads) {
   EXPECT_EQ(wakes, 1);
   queue.drain();
   EXPECT_THAT(calls(), ElementsAre("from afar"));
+}
+
+TEST_F(MainQueueTest, TheHostIsWokenForADelayedCallWhichMayBeDueSoonerThanItKnows) {
+  int wakes = 0;
+  queue.setWakeHook([&wakes] { ++wakes; });
+  later("first", 5);
+  queue.setWakeHook({});
+  EXPECT_EQ(wakes, 1);
 }
 
 TEST_F(MainQueueTest, AnObjectDroppedOnAWorkerIsDestroyedOnTheMainQueue) {

@@ -48,6 +48,13 @@ TEST(IntegerValue, ContainersDataAndDatesHaveNone) {
   EXPECT_EQ(Value(PropertyListData{}).integerValue(), std::nullopt);
   EXPECT_EQ(Value(PropertyListDate{}).integerValue(), std::nullopt);
   EXPECT_EQ(Value(PropertyListUID{1}).integerValue(), std::nullopt);
+  EXPECT_EQ(Value(PropertyListArray{1}).intValue(), std::nullopt);
+}
+
+TEST(IntegerValue, WhatHasNoneIsFalseAndCountsAsZero) {
+  EXPECT_FALSE(Value(PropertyListArray{1}).boolValue());
+  EXPECT_EQ(integerOrZero(Value(PropertyListArray{1})), 0);
+  EXPECT_EQ(integerOrZero(std::nullopt), 0);
 }
 
 TEST(IntValue, IsHeldAtTheLimitsOf32Bits) {
@@ -68,6 +75,8 @@ TEST(Equality, NumbersCompareByExactValueWhateverTheirType) {
   EXPECT_EQ(Value(std::uint64_t{1} << 63), Value(9223372036854775808.0));
   EXPECT_NE(Value(std::uint64_t{1} << 63), Value(kLeast));
   EXPECT_EQ(Value(std::nan("")), Value(std::nan("")));
+  EXPECT_NE(Value(1e30), Value(2e30));
+  EXPECT_NE(Value(std::numeric_limits<std::uint64_t>::max()), Value(18446744073709551616.0));
 }
 
 TEST(Equality, NothingIsEqualAcrossKinds) {

@@ -61,9 +61,10 @@ class GifCommand : public testing::Test {
   std::ostringstream err_;
 };
 
-TEST_F(GifCommand, PrintsSizeFramesAndDelaysAsInTheFile) {
+TEST_F(GifCommand, PrintsSizeFramesAndDelaysAsInTheFileAndAsTheyArePlayed) {
   EXPECT_EQ(run({animation()}), 0);
-  EXPECT_EQ(out_.str(), R"({"width":2,"height":1,"frames":2,"unclamped":[0.03,null]})"
+  EXPECT_EQ(out_.str(), R"({"width":2,"height":1,"frames":2,"unclamped":[0.03,null],)"
+                        R"("delays":[0.03,0.03],"posterFrame":0,"optimalCacheSize":2})"
                         "\n");
   EXPECT_EQ(err_.str(), "");
 }
@@ -71,7 +72,8 @@ TEST_F(GifCommand, PrintsSizeFramesAndDelaysAsInTheFile) {
 TEST_F(GifCommand, PrintsTheChecksumOfEachFrameOnRequest) {
   EXPECT_EQ(run({"--checksums", animation()}), 0);
   // sha256sum of FF0000FF FF0000FF, and of 00000000 00FF00FF.
-  EXPECT_EQ(out_.str(), R"({"width":2,"height":1,"frames":2,"unclamped":[0.03,null],"checksums":[)"
+  EXPECT_EQ(out_.str(), R"({"width":2,"height":1,"frames":2,"unclamped":[0.03,null],)"
+                        R"("delays":[0.03,0.03],"posterFrame":0,"optimalCacheSize":2,"checksums":[)"
                         R"("42af801193fad22a2c6b98d9fe22f22d9c00f8f927539f65d98a41178fa31142",)"
                         R"("ee1aad47bdd3e4cf83f946c497c25c6c0a5b063ff244feb9102bacb64d6fe9ea"]})"
                         "\n");
@@ -84,6 +86,9 @@ TEST_F(GifCommand, AFrameThatCannotBeDecodedHasNoChecksum) {
   const std::string file = write("half.gif", gif.trailer());
   EXPECT_EQ(run({file, "--checksums"}), 0);
   EXPECT_THAT(out_.str(), testing::HasSubstr(R"("checksums":[null,")"));
+  // Nor can it be played.
+  EXPECT_THAT(out_.str(),
+              testing::HasSubstr(R"("delays":null,"posterFrame":null,"optimalCacheSize":null)"));
   EXPECT_EQ(run({"--frame", "0", path("0.png"), file}), 1);
   EXPECT_EQ(err_.str(), file + " has no frame 0 that can be decoded.\n");
   EXPECT_EQ(out_.str(), "");

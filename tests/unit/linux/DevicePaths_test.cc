@@ -21,6 +21,21 @@ TEST(DevicePaths, ALibraryFileOfTheRootStandsBeforeTheInstalledOne) {
   EXPECT_EQ(paths.forReading("/Library/a/b"), (folder / "Library/a/b").string());
 }
 
+TEST(DevicePaths, ABundleThatIsGivenStandsAloneForTheOneOfItsName) {
+  const TemporaryFolder folder;
+  writeBytes(folder / "Library/PreferenceBundles/a.bundle/file", "x");
+  writeBytes(folder / "Library/PreferenceBundles/a.bundles/file", "x");
+  const DevicePaths paths(folder.path(), "/installed/Library", "/given/a.bundle");
+  const std::string bundles = "/Library/PreferenceBundles/";
+  EXPECT_EQ(paths.forReading(bundles + "a.bundle/file"), "/given/a.bundle/file");
+  EXPECT_EQ(paths.forReading(bundles + "a.bundle"), "/given/a.bundle");
+  EXPECT_EQ(paths.forReading(bundles + "a.bundles/file"),
+            (folder / "Library/PreferenceBundles/a.bundles/file").string());
+  EXPECT_EQ(paths.forReading(bundles + "b.bundle/file"),
+            "/installed/Library/PreferenceBundles/b.bundle/file");
+  EXPECT_EQ(paths.forReading(bundles + "a.bundle/../file"), std::nullopt);
+}
+
 TEST(DevicePaths, NothingElseIsOfTheDevice) {
   const DevicePaths paths("/data", "/installed/Library");
   for (const std::string path :

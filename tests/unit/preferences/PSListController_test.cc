@@ -1,6 +1,11 @@
 #include "platform/preferences/PSListController.h"
 
+#include <array>
+#include <utility>
+
 #include "platform/foundation/method.h"
+#include "platform/uikit/UIApplication.h"
+#include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
@@ -17,6 +22,7 @@ std::shared_ptr<PSSpecifier> row(const char* name) {
 // a, then the group g with b and c, then the empty group h.
 class Pane : public PSListController {
  public:
+  using PSListController::setSpecifiers;
   const PSSpecifiers& specifiers() override {
     if (!hasSpecifiers()) {
       setSpecifiers({row("a"), PSSpecifier::groupSpecifierWithName("g"), row("b"), row("c"),
@@ -34,6 +40,18 @@ class Pane : public PSListController {
   }
   std::vector<std::string> order;
 };
+
+// A pane whose set-up fails.
+class UnmakeablePane : public PSListController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+  bool init() override { return false; }
+};
+
+constexpr ClassDescription UnmakeablePane::classObject{
+    "UnmakeablePane", &PSListController::classObject, &allocObject<UnmakeablePane>, {}};
+constexpr std::array<const ClassDescription*, 1> kUnmakeable{&UnmakeablePane::classObject};
 
 class ListControllerTest : public PaneTest {
  protected:
@@ -143,6 +161,109 @@ TEST_F(ListControllerTest, AFixedHeightIsTheRowsHeight) {
   EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, 100);
 }
 
+TEST_F(ListControllerTest, AHeightThatIsNoneIsTheListsOwn) {
+  const auto pane = open<Pane>();
+  for (const auto& height : {PropertyListValue(0), PropertyListValue(-5), PropertyListValue("x")}) {
+    pane->specifierForID("b")->setPropertyForKey(height, "height");
+    pane->reloadSpecifierIDAnimated("b", false);
+    layOut();
+    EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, metrics::kRowHeight);
+  }
+}
+
+TEST_F(ListControllerTest, RowsAreMeasuredAgainEachTimeThePaneAppears) {
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue(100), "height");
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, metrics::kRowHeight);
+  pane->viewWillAppear(false);
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, 100);
+}
+
+TEST_F(ListControllerTest, GroupsKeepTheirDistances) {
+  const auto pane = open<Pane>();
+  const auto header = [&](int section) {
+    return pane->table()->headerViewForSection(section)->frame().size.height;
+  };
+  const auto footer = [&](int section) {
+    return pane->table()->footerViewForSection(section)->frame().size.height;
+  };
+  constexpr CGFloat kHalf = metrics::kGroupGap / 2;
+  EXPECT_EQ(header(0), metrics::kGroupGap);
+  EXPECT_GT(header(1), kHalf + metrics::kHeaderTextGap);
+  EXPECT_EQ(footer(0), kHalf);
+  EXPECT_EQ(footer(1), kHalf);
+  EXPECT_EQ(footer(2), 2 * kHalf) << "the list's end stands off its edge";
+}
+
+TEST_F(ListControllerTest, AGroupMayNameItsHeadersClass) {
+  const auto pane = open<Pane>();
+  const auto headerFor = [&](const PSPropertyValue& name) {
+    pane->specifierAtIndex(1)->setPropertyForKey(name, "headerCellClass");
+    pane->reloadSpecifier(pane->specifierAtIndex(1));
+    layOut();
+    return pane->table()->headerViewForSection(1);
+  };
+  const auto own = headerFor(&UIImageView::classObject);
+  EXPECT_TRUE(cast<UIImageView>(own));
+  EXPECT_EQ(own->frame().size.height, metrics::kGroupGap);
+  for (const char* name : {"NoSuchClass", "PSListController"}) {
+    EXPECT_TRUE(cast<UITableViewHeaderFooterView>(headerFor(PropertyListValue(name)))) << name;
+  }
+}
+
+TEST_F(ListControllerTest, ATapInTheTableOpensTheRowsPaneWhichKnowsTheRow) {
+  const auto pane = open<Pane>();
+  const auto link = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+      "Further on", nullptr, "", "", "PSListController", PSCellType::kLink, "");
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({pane->specifierForID("b")}, {link},
+                                                          false);
+  layOut();
+  pane->table()->tapRow({1, 0});
+  const auto opened = cast<PSListController>(inner->topViewController());
+  ASSERT_NE(opened, pane);
+  EXPECT_EQ(opened->specifier(), link);
+  EXPECT_EQ(opened->title(), "Further on");
+}
+
+TEST_F(ListControllerTest, AGroupOrATextFieldIsNeverChosen) {
+  const auto pane = open<Pane>();
+  for (const auto type : {PSCellType::kGroup, PSCellType::kEditText}) {
+    pane->selectSpecifier(PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+        "x", nullptr, "", "", "PSListController", type, ""));
+    EXPECT_EQ(inner->topViewController(), pane);
+  }
+}
+
+TEST_F(ListControllerTest, ARowThatLeftTheListComesBackWithANewCell) {
+  const auto pane = open<Pane>();
+  const auto c = pane->specifierForID("c");
+  const auto former = cellAt(*pane, 3);
+  const auto d = row("d");
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({c}, {d}, false);
+  pane->replaceContiguousSpecifiersWithSpecifiersAnimated({d}, {c}, false);
+  layOut();
+  EXPECT_NE(cellAt(*pane, 3), former);
+}
+
+TEST_F(ListControllerTest, TheTableCanBeHadBeforeThePaneIsShown) {
+  EXPECT_TRUE(allocInit<Pane>()->table());
+}
+
+TEST_F(ListControllerTest, ATableThatOutlivesItsPaneAsksNobody) {
+  auto pane = open<Pane>();
+  const auto table = pane->table();
+  inner->popViewControllerAnimated(false);
+  std::weak_ptr<Pane> gone = pane;
+  pane.reset();
+  ASSERT_TRUE(gone.expired());
+  table->reloadData();
+  table->layoutIfNeeded();
+  table->tapRow({0, 0});
+  EXPECT_TRUE(inner->viewControllers().empty());
+}
+
 TEST_F(ListControllerTest, AClassOfAnotherKindAsCellLeavesThePlatformsCell) {
   const auto pane = open<Pane>();
   pane->specifierForID("b")->setPropertyForKey(PropertyListValue("PSListController"), "cellClass");
@@ -170,13 +291,23 @@ TEST_F(ListControllerTest, APaneKnowsBothNavigationControllersAroundIt) {
   EXPECT_EQ(outer->navigationController(), nullptr);
 }
 
-TEST_F(ListControllerTest, APaneThatIsNoPaneOrUnknownIsAPageThatSaysSo) {
-  const auto unknown = makePane("QDNothing", nullptr);
-  const auto cell = makePane("PSTableCell", nullptr);
-  for (const auto& page : {unknown, cell}) {
-    const auto list = cast<PSListController>(page);
-    ASSERT_TRUE(list);
-    EXPECT_NE(list->specifiers().front()->textForKey("footerText"), std::nullopt);
+TEST_F(ListControllerTest, APaneThatCannotBeOpenedIsAPageThatSaysWhy) {
+  registerClasses({kUnmakeable});
+  const std::pair<const char*, const char*> pages[] = {
+      {"QDNothing",
+       "This page is made by the class “QDNothing”, which is not part of this version."},
+      {"PSTableCell", "This row names the class “PSTableCell”, which is not a page."},
+      {"UnmakeablePane", "The class “UnmakeablePane” could not set up this page."},
+  };
+  for (const auto& [name, explanation] : pages) {
+    const auto list = cast<PSListController>(makePane(name, row("Its row")));
+    ASSERT_TRUE(list) << name;
+    EXPECT_EQ(list->title(), "Its row");
+    ASSERT_EQ(list->specifiers().size(), 1U);
+    const auto group = list->specifiers().front();
+    EXPECT_EQ(group->name(), "Page not available");
+    EXPECT_EQ(group->textForKey("footerText"), explanation);
+    EXPECT_EQ(list->specifiers().front(), group);
   }
 }
 
@@ -190,6 +321,81 @@ TEST_F(ListControllerTest, ABadgeIsDrawnUnlessItsTextIsEmpty) {
   layOut();
   EXPECT_EQ(cellAt(*pane, 2)->contentView()->subviews().size(), plain + 1);
   EXPECT_EQ(cellAt(*pane, 3)->contentView()->subviews().size(), plain);
+}
+
+// Says in `order` when it is asked for a height and when for a cell.
+class WatchedPane : public Pane {
+ public:
+  CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override {
+    order.emplace_back("height");
+    return Pane::tableViewHeightForRowAtIndexPath(table, indexPath);
+  }
+  std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
+                                                                  NSIndexPath indexPath) override {
+    order.emplace_back("cell");
+    return Pane::tableViewCellForRowAtIndexPath(table, indexPath);
+  }
+};
+
+TEST_F(ListControllerTest, AtTheUsualTextSizeNoCellIsBuiltBeforeAllHeightsAreKnown) {
+  const auto pane = open<WatchedPane>();
+  EXPECT_THAT(pane->order, ElementsAre("viewDidLoad", "viewWillAppear with rows", "height",
+                                       "height", "height", "cell", "cell", "cell"));
+}
+
+TEST_F(ListControllerTest, StandardRowsGrowWithLargerTextAndFixedHeightsStay) {
+  UIApplication::sharedApplication().setPreferredContentSizeCategory(
+      UIContentSizeCategory::kLargest);
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue(100), "height");
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  EXPECT_GT(cellAt(*pane, 0)->frame().size.height, metrics::kRowHeight);
+  EXPECT_EQ(cellAt(*pane, 2)->frame().size.height, 100);
+  EXPECT_EQ(cellAt(*pane, 3)->frame().origin.y, cellAt(*pane, 2)->frame().origin.y + 100);
+}
+
+TEST_F(ListControllerTest, ARowWithAFieldGrowsWithTheTextTypedInIt) {
+  const auto height = [this](UIContentSizeCategory category) {
+    UIApplication::sharedApplication().setPreferredContentSizeCategory(category);
+    const auto pane = open<Pane>();
+    pane->setSpecifiers({PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+        "", nullptr, "", "", "", PSCellType::kEditText, "")});
+    layOut();
+    return cellAt(*pane, 0)->frame().size.height;
+  };
+  EXPECT_EQ(height(UIContentSizeCategory::kLarge), metrics::kRowHeight);
+  EXPECT_GT(height(UIContentSizeCategory::kLargest), metrics::kRowHeight);
+}
+
+TEST_F(ListControllerTest, ALargeBadgeThatFindsNoRoomStandsBelowTheTitle) {
+  UIApplication::sharedApplication().setPreferredContentSizeCategory(
+      UIContentSizeCategory::kAccessibilityMedium);
+  width = 240;
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(PropertyListValue("New update available!"),
+                                               "badgeString");
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  const auto cell = cellAt(*pane, 2);
+  const auto& badge = *cell->contentView()->subviews().back();
+  const CGRect title = cell->textLabel()->frame();
+  EXPECT_GE(badge.frame().origin.y, title.origin.y + title.size.height);
+  EXPECT_EQ(badge.frame().origin.x, title.origin.x);
+  EXPECT_LE(badge.frame().origin.y + badge.frame().size.height, cell->frame().size.height);
+}
+
+TEST_F(ListControllerTest, ALongHeaderHasTheRoomOfItsCapitals) {
+  const auto pane = open<Pane>();
+  const auto heightOf = [&](const char* name) {
+    pane->setSpecifiers({PSSpecifier::groupSpecifierWithName(name), row("b")});
+    layOut();
+    return pane->table()->headerViewForSection(0)->frame().size.height;
+  };
+  // In small letters the first would take one line less.
+  EXPECT_EQ(heightOf("the prefixes that hide the number by country"),
+            heightOf("THE PREFIXES THAT HIDE THE NUMBER BY COUNTRY"));
+  EXPECT_GT(heightOf("the prefixes that hide the number by country"), heightOf("the prefixes"));
 }
 
 }  // namespace

@@ -1,3 +1,6 @@
+#include <array>
+
+#include "platform/foundation/method.h"
 #include "platform/preferences/PSTextFieldSpecifier.h"
 #include "platform/uikit/UIImage.h"
 #include "tests/support/PaneTest.h"
@@ -11,10 +14,24 @@ class Pane : public PSListController {
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
   PSSpecifiers load() { return loadSpecifiersFromPlistNameTarget("list", shared_from_this()); }
+
+  std::optional<PropertyListValue> get(const PSSpecifier& /*row*/) { return kept; }
+  void set(const PropertyListValue& value, const PSSpecifier& /*row*/) { kept = value; }
+  std::optional<PropertyListValue> usualGet(const PSSpecifier& /*row*/) {
+    return "usual " + textOrNothing(kept).value_or("");
+  }
+
+  std::optional<PropertyListValue> kept;
 };
 
-constexpr ClassDescription Pane::classObject{
-    "Pane", &PSListController::classObject, &allocObject<Pane>, {}};
+constexpr std::array kMethods{
+    method<&Pane::get>("getIt:"),
+    method<&Pane::set>("setIt:row:"),
+    method<&Pane::usualGet>("readPreferenceValue:"),
+    method<&Pane::set>("setPreferenceValue:specifier:"),
+};
+constexpr ClassDescription Pane::classObject{"Pane", &PSListController::classObject,
+                                             &allocObject<Pane>, kMethods};
 constexpr std::array<const ClassDescription*, 1> kClasses{&Pane::classObject};
 
 class SpecifierListTest : public PaneTest {
@@ -81,6 +98,35 @@ TEST_F(SpecifierListTest, ATextFieldGetsItsPlaceholderAndKeyboard) {
   ASSERT_TRUE(field);
   EXPECT_EQ(field->placeholder(), "Number");
   EXPECT_EQ(field->keyboardType(), UIKeyboardType::kPhonePad);
+}
+
+TEST_F(SpecifierListTest, ATextFieldHasItsLabelAndTheUsualKeyboardUnlessItSaysPhone) {
+  const auto field = cast<PSTextFieldSpecifier>(
+      loadItem({{"cell", "PSEditTextCell"}, {"label", "Text"}, {"keyboard", "other"}})[0]);
+  ASSERT_TRUE(field);
+  EXPECT_EQ(field->name(), "Text");
+  EXPECT_EQ(field->keyboardType(), UIKeyboardType::kDefault);
+}
+
+TEST_F(SpecifierListTest, AGroupHasItsLabelAndProperties) {
+  const auto row =
+      loadItem({{"cell", "PSGroupCell"}, {"label", "Style"}, {"footerText", "Below"}})[0];
+  EXPECT_EQ(row->cellType(), PSCellType::kGroup);
+  EXPECT_EQ(row->name(), "Style");
+  EXPECT_EQ(row->target(), nullptr);
+  EXPECT_EQ(row->textForKey("footerText"), "Below");
+}
+
+TEST_F(SpecifierListTest, ARowIsGotAndSetByTheSelectorsThatItNames) {
+  const auto row = loadItem({{"get", "getIt:"}, {"set", "setIt:row:"}})[0];
+  row->setValue("x");
+  EXPECT_EQ(row->value(), PropertyListValue("x"));
+}
+
+TEST_F(SpecifierListTest, ARowIsGotAndSetByTheUsualSelectorsUnlessItNamesOthers) {
+  const auto row = loadItem({{"label", "a"}})[0];
+  row->setValue("x");
+  EXPECT_EQ(row->value(), PropertyListValue("usual x"));
 }
 
 TEST_F(SpecifierListTest, AnIconIsLoadedFromTheBundle) {

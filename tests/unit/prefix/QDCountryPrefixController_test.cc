@@ -1,5 +1,8 @@
 #include "prefix/QDCountryPrefixController.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/preferences/PSTextFieldSpecifier.h"
 #include "prefix/prefixTableCell.h"
@@ -28,15 +31,23 @@ class PrefixPaneTest : public PaneTest {
     layOut();
   }
 
-  // Names of the rows that say they are checked and whose cell shows the mark; both must agree.
+  static int indexOf(QDCountryPrefixController& pane, const std::string& name) {
+    const auto& rows = pane.specifiers();
+    return static_cast<int>(
+        std::ranges::find(rows, name, [](const auto& row) { return row->name(); }) - rows.begin());
+  }
+
+  // Names of the rows that say, by the number 1, that they are checked and whose cell shows the
+  // mark; both must agree, and every other row of that kind says 0.
   static std::vector<std::string> checkedRows(QDCountryPrefixController& pane) {
     std::vector<std::string> names;
     for (int index = 0; index < static_cast<int>(pane.specifiers().size()); ++index) {
       const auto row = pane.specifierAtIndex(index);
-      const auto checked = row->plistForKey("checked");
       const auto cell = cellAt(pane, index);
       const bool shown = cell && cell->accessoryType() == UITableViewCellAccessoryType::kCheckmark;
-      EXPECT_EQ(shown, checked && checked->boolValue()) << row->name();
+      if (cast<prefixTableCell>(cell)) {
+        EXPECT_EQ(row->plistForKey("checked"), Value(shown ? 1 : 0)) << row->name();
+      }
       if (shown) {
         names.push_back(row->name());
       }
@@ -44,7 +55,7 @@ class PrefixPaneTest : public PaneTest {
     return names;
   }
 
-  // The writes since the last take(), as "key=value" of the key that each one changed.
+  // The keys that the writes since the last take() changed, in order.
   std::vector<std::string> takeWrittenKeys(PropertyListDictionary before) {
     std::vector<std::string> keys;
     for (const auto& event : take()) {
@@ -132,7 +143,21 @@ TEST_F(PrefixPaneTest, TheListIsHeaderCountriesFooterCustomRowAndField) {
   EXPECT_EQ(field->keyboardType(), UIKeyboardType::kPhonePad);
   EXPECT_EQ(field->autoCaps(), UITextAutocapitalizationType::kNone);
   EXPECT_EQ(field->autoCorrection(), UITextAutocorrectionType::kNo);
-  EXPECT_EQ(&pane->specifiers(), &rows);
+}
+
+TEST_F(PrefixPaneTest, TheRowsAreBuiltOnce) {
+  const auto pane = openPane();
+  const PSSpecifiers before = pane->specifiers();
+  tap(pane, "Canada");
+  EXPECT_EQ(pane->specifiers(), before);
+}
+
+TEST_F(PrefixPaneTest, ItsOperationsAreKnownByTheirSelectors) {
+  const auto pane = openPane();
+  for (const char* selector :
+       {"getValueForSpecifier:", "setValue:forSpecifier:", "cellSelected:"}) {
+    EXPECT_TRUE(pane->respondsToSelector(selector)) << selector;
+  }
 }
 
 TEST_F(PrefixPaneTest, TappingCanadaMovesTheMarkAndStoresBothKeys) {
@@ -162,6 +187,34 @@ TEST_F(PrefixPaneTest, TheBlankOfAustraliasPrefixIsStored) {
   const auto pane = openPane();
   tap(pane, "Australia");
   EXPECT_EQ(stored("selectedPrefix"), Value("#31# "));
+}
+
+TEST_F(PrefixPaneTest, TheBlanksComeThroughIntoTitlesDetailTextsAndStoredValues) {
+  const auto pane = openPane();
+  for (const auto& [country, prefix] :
+       {std::pair("UK ", "141"), std::pair("Australia", "#31# "), std::pair("Pakistan", "*32# ")}) {
+    const auto index = indexOf(*pane, country);
+    EXPECT_EQ(cellAt(*pane, index)->textLabel()->text(), country);
+    EXPECT_EQ(cellAt(*pane, index)->detailTextLabel()->text(), prefix);
+    tap(pane, country);
+    EXPECT_EQ(stored("selectedCountry"), Value(country));
+    EXPECT_EQ(stored("selectedPrefix"), Value(prefix));
+  }
+}
+
+TEST_F(PrefixPaneTest, IrelandAndTheRepublicOfIrelandAreTwoRows) {
+  const auto pane = openPane();
+  tap(pane, "Ireland");
+  EXPECT_THAT(checkedRows(*pane), ElementsAre("Ireland"));
+  EXPECT_EQ(stored("selectedPrefix"), Value("141"));
+  tap(pane, "Republic of Ireland");
+  EXPECT_THAT(checkedRows(*pane), ElementsAre("Republic of Ireland"));
+  EXPECT_EQ(stored("selectedPrefix"), Value("#31#"));
+}
+
+TEST_F(PrefixPaneTest, TheMarkFollowsTheCountryHoweverManyShareItsPrefix) {
+  store("selectedCountry", "Sweden");
+  EXPECT_THAT(checkedRows(*openPane()), ElementsAre("Sweden"));
 }
 
 TEST_F(PrefixPaneTest, TypingWhileACountryIsChosenOnlyKeepsTheText) {
@@ -206,7 +259,27 @@ TEST_F(PrefixPaneTest, TappingTheCheckedRowKeepsItCheckedAndWritesBothKeysAgain)
   take();
   tap(pane, "Canada");
   EXPECT_THAT(checkedRows(*pane), ElementsAre("Canada"));
-  EXPECT_THAT(takePosts(), ElementsAre(kChanged, kChanged));
+  const auto file = files->dictionaries[kSettings];
+  EXPECT_EQ(stored("selectedCountry"), Value("Canada"));
+  EXPECT_EQ(stored("selectedPrefix"), Value("*67"));
+  const WriteEvent write{kSettings, file, true};
+  const PostEvent post{NotificationCall::kCFNotificationCenter, kChanged};
+  EXPECT_THAT(take(), ElementsAre(write, post, write, post));
+}
+
+TEST_F(PrefixPaneTest, WritingTheStoredValueAgainWritesAndNotifies) {
+  const auto pane = openPane();
+  take();
+  pane->setPreferenceValueForKey("#31#", "selectedPrefix");
+  EXPECT_THAT(take(), ElementsAre(WriteEvent{kSettings, files->dictionaries[kSettings], true},
+                                  PostEvent{NotificationCall::kCFNotificationCenter, kChanged}));
+}
+
+TEST_F(PrefixPaneTest, ReadingAnAbsentKeyGivesNothing) {
+  const auto pane = openPane();
+  EXPECT_EQ(pane->readPreferenceValue("dialerMode"), std::nullopt);
+  store("dialerMode", 2);
+  EXPECT_EQ(pane->readPreferenceValue("dialerMode"), Value(2));
 }
 
 TEST_F(PrefixPaneTest, AStoredCustomRowIsCheckedWhenThePaneOpens) {
@@ -215,13 +288,15 @@ TEST_F(PrefixPaneTest, AStoredCustomRowIsCheckedWhenThePaneOpens) {
 }
 
 TEST_F(PrefixPaneTest, AStoredCountryThatIsNoRowChecksNothingUntilATap) {
-  store("selectedCountry", "UK");
-  const auto pane = openPane();
-  EXPECT_THAT(checkedRows(*pane), IsEmpty());
-  EXPECT_EQ(pane->selectedSpecifier(), nullptr);
-  EXPECT_EQ(stored("selectedCountry"), Value("UK"));
-  tap(pane, "US");
-  EXPECT_THAT(checkedRows(*pane), ElementsAre("US"));
+  for (const char* country : {"UK", "uk ", "Wales", "custom (enter below)", ""}) {
+    store("selectedCountry", country);
+    const auto pane = openPane();
+    EXPECT_THAT(checkedRows(*pane), IsEmpty());
+    EXPECT_EQ(pane->selectedSpecifier(), nullptr);
+    EXPECT_EQ(stored("selectedCountry"), Value(country));
+    tap(pane, "US");
+    EXPECT_THAT(checkedRows(*pane), ElementsAre("US"));
+  }
 }
 
 TEST_F(PrefixPaneTest, TheFieldShowsTheStoredPrefixWhenThePaneOpens) {
@@ -276,6 +351,7 @@ TEST_F(PrefixPaneTest, ThePropertiesChangeEvenWhenTheFileCannotBeWritten) {
   const auto pane = openPane();
   files->failsToWrite = true;
   tap(pane, "Canada");
+  EXPECT_EQ(pane->selectedCountry(), Value("Canada"));
   EXPECT_EQ(pane->selectedPrefix(), Value("*67"));
   EXPECT_EQ(stored("selectedPrefix"), Value("#31#"));
 }
@@ -293,6 +369,14 @@ TEST_F(PrefixPaneTest, TheGetterAnswersEveryRowWithTheTypedPrefix) {
   EXPECT_EQ(pane->specifierAtIndex(1)->value(), Value("*99"));
   EXPECT_EQ(pane->specifierAtIndex(kField)->value(), Value("*99"));
   EXPECT_EQ(pane->specifierAtIndex(kCustomRow)->value(), std::nullopt);
+}
+
+TEST_F(PrefixPaneTest, TheSetterTakesWhatAnyRowGivesAsTheTypedPrefix) {
+  const auto pane = openPane();
+  pane->specifierForID("Canada")->setValue("*98");
+  EXPECT_EQ(pane->customPrefix(), Value("*98"));
+  EXPECT_EQ(stored("customPrefix"), Value("*98"));
+  EXPECT_EQ(stored("selectedPrefix"), Value("#31#"));
 }
 
 }  // namespace

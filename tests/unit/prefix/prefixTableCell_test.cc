@@ -6,9 +6,12 @@ namespace {
 
 class PrefixTableCellTest : public PaneTest {
  protected:
-  static std::shared_ptr<prefixTableCell> cellFor(int checked, const char* detail) {
-    const auto row = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+  static std::shared_ptr<PSSpecifier> row() {
+    return PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
         "Canada", nullptr, "", "", "", PSCellType::kListItem, "");
+  }
+  static std::shared_ptr<prefixTableCell> cellFor(int checked, const char* detail) {
+    const auto row = PrefixTableCellTest::row();
     row->setPropertyForKey(PropertyListValue(checked), "checked");
     if (detail) {
       row->setPropertyForKey(PropertyListValue(detail), "detailText");
@@ -43,7 +46,24 @@ TEST_F(PrefixTableCellTest, ARowWithoutAPrefixLeavesTheLabelEmpty) {
   EXPECT_EQ(cellFor(0, nullptr)->detailTextLabel()->text(), "");
 }
 
-TEST_F(PrefixTableCellTest, StyleAndIdentifierArePassedOn) {
+TEST_F(PrefixTableCellTest, ARowThatDoesNotSayWhetherItIsCheckedIsNot) {
+  auto cell = alloc<prefixTableCell>();
+  ASSERT_TRUE(cell->initWithSpecifier(row()));
+  EXPECT_NE(cell->accessoryType(), UITableViewCellAccessoryType::kCheckmark);
+  EXPECT_NE(cell->accessoryView(), nullptr);
+}
+
+TEST_F(PrefixTableCellTest, StyleIdentifierAndRowArePassedOn) {
+  const auto specifier = row();
+  auto cell = alloc<prefixTableCell>();
+  ASSERT_TRUE(cell->initWithStyleReuseIdentifierSpecifier(UITableViewCellStyle::kDefault, "prefix",
+                                                          specifier));
+  EXPECT_EQ(cell->reuseIdentifier(), "prefix");
+  EXPECT_EQ(cell->detailTextLabel(), nullptr);
+  EXPECT_EQ(cell->specifier(), specifier);
+}
+
+TEST_F(PrefixTableCellTest, FromARowAloneItHasADetailLabelAndNoIdentifier) {
   const auto cell = cellFor(0, "*67");
   EXPECT_EQ(cell->reuseIdentifier(), "");
   EXPECT_NE(cell->detailTextLabel(), nullptr);

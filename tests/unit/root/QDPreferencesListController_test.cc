@@ -1,8 +1,12 @@
 #include "root/QDPreferencesListController.h"
 
+#include <array>
+#include <map>
+
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/metrics.h"
 #include "prefix/QDCountryPrefixController.h"
+#include "tests/support/HalfHighCell.h"
 #include "tests/support/PaneTest.h"
 
 extern "C" const ClassTable quietDialPreferencesClasses;
@@ -21,10 +25,13 @@ PropertyListDictionary item(const char* label, const char* key, Value otherwise)
           {"default", otherwise}};
 }
 
+constexpr std::array<const ClassDescription*, 1> kCells{&HalfHighCell::classObject};
+
 class RootPaneTest : public PaneTest {
  protected:
   RootPaneTest() {
     NSBundle::load(kBundle, quietDialPreferencesClasses);
+    registerClasses({kCells});
     auto prefix = item("Hide Caller ID Prefix", "selectedPrefix", "#31#");
     prefix.insert_or_assign("detail", "QDCountryPrefixController");
     files->dictionaries[std::string(kBundle) + "/quietDialPreferences.plist"] = {
@@ -40,6 +47,13 @@ class RootPaneTest : public PaneTest {
              PropertyListDictionary{{"cell", "PSLinkCell"},
                                     {"label", "Credits"},
                                     {"detail", "QDCreditsListController"}},
+             item("Systemwide Call Style", "systemwideStyleText", "Show always"),
+             item("Button Style", "buttonStyleText", "Style 1 & 1"),
+             PropertyListDictionary{{"cell", "PSLinkCell"},
+                                    {"label", "Keyless"},
+                                    {"default", "its own"},
+                                    {"cellClass", "HalfHighCell"},
+                                    {"dynamicHeight", true}},
          }}};
     for (const char* name : {"tallowbyteLogoNavBar", "heart", "gear-white"}) {
       pictures->sizes[std::string(kBundle) + "/" + name + "@2x.png"] = {40, 20};
@@ -69,6 +83,7 @@ TEST_F(RootPaneTest, TheUpdateBadgePutsTheUpdateRowRightUnderTheFirstRow) {
   const auto cell = cellAt(*pane, 1);
   EXPECT_EQ(cell->backgroundColor(), UIColor::redColor());
   EXPECT_EQ(cell->textLabel()->textColor(), UIColor::whiteColor());
+  EXPECT_EQ(cell->tintColor(), UIColor::whiteColor());
   EXPECT_EQ(cell->imageView()->image()->name(), "gear-white.png");
 }
 
@@ -96,6 +111,45 @@ TEST_F(RootPaneTest, AnyOtherBadgeMeansNoUpdateRow) {
   }
 }
 
+TEST_F(RootPaneTest, AnEntryWithoutABadgeAndNoEntryAtAllMeanNoUpdateRow) {
+  const auto entry = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+      "QuietDial", nullptr, "", "", "QDPreferencesListController", PSCellType::kLink, "");
+  for (const auto& pane :
+       {open<QDPreferencesListController>(entry), open<QDPreferencesListController>()}) {
+    EXPECT_FALSE(pane->updateAvailable());
+    EXPECT_EQ(pane->specifierAtIndex(0)->name(), "Hide Caller ID Prefix");
+    EXPECT_EQ(pane->specifierForID("Install the new update"), nullptr);
+  }
+}
+
+TEST_F(RootPaneTest, TheUpdateRowComesBetweenTheListsFirstTwoRowsAndTheRestFollowsInOrder) {
+  const auto plain = open<QDPreferencesListController>();
+  const auto updated = openWithBadge("New update available!");
+  ASSERT_EQ(updated->specifiers().size(), plain->specifiers().size() + 1);
+  EXPECT_EQ(updated->specifierAtIndex(0)->name(), plain->specifierAtIndex(0)->name());
+  for (int index = 1; plain->specifierAtIndex(index); ++index) {
+    EXPECT_EQ(updated->specifierAtIndex(index + 1)->name(), plain->specifierAtIndex(index)->name());
+  }
+}
+
+TEST_F(RootPaneTest, ADynamicRowIsAsHighAsItsCellWantsAtTheTablesWidth) {
+  const auto pane = open<QDPreferencesListController>();
+  EXPECT_EQ(cellAt(*pane, 8)->frame().size.height, 160);
+  width = 414;
+  layOut();
+  EXPECT_EQ(cellAt(*pane, 8)->frame().size.height, 207);
+  EXPECT_EQ(cellAt(*pane, 0)->frame().size.height, metrics::kRowHeight);
+}
+
+TEST_F(RootPaneTest, ARowWithoutAKeyReadsAsItsDefaultAndWritesNothing) {
+  const auto pane = open<QDPreferencesListController>();
+  const auto row = pane->specifierForID("Keyless");
+  take();
+  EXPECT_EQ(row->value(), Value("its own"));
+  row->setValue("another");
+  EXPECT_THAT(take(), IsEmpty());
+}
+
 TEST_F(RootPaneTest, TheUpdateRowOpensThePackageManagersPage) {
   const auto pane = openWithBadge("New update available!");
   pane->selectSpecifier(pane->specifierAtIndex(1));
@@ -112,6 +166,7 @@ TEST_F(RootPaneTest, AnAbsentKeyReadsAsTheRowsDefaultAndStaysAbsent) {
   const auto pane = open<QDPreferencesListController>();
   EXPECT_EQ(pane->specifierForID("Number")->value(), Value(1));
   EXPECT_EQ(stored("dialerMode"), std::nullopt);
+  EXPECT_THAT(take(), IsEmpty());
 }
 
 TEST_F(RootPaneTest, AStoredValueComesBeforeTheDefault) {
@@ -144,12 +199,21 @@ TEST_F(RootPaneTest, ComingBackFromThePrefixPaneShowsTheNewPrefix) {
 
 TEST_F(RootPaneTest, TheSummaryRowsGetNewCellsEachTimeThePaneAppears) {
   const auto pane = open<QDPreferencesListController>();
-  const auto summary = cellAt(*pane, 2);
-  const auto other = cellAt(*pane, 3);
+  std::map<std::string, std::shared_ptr<UITableViewCell>> before;
+  const auto& rows = pane->specifiers();
+  for (std::size_t index = 0; index < rows.size(); ++index) {
+    before[rows[index]->name()] = cellAt(*pane, static_cast<int>(index));
+  }
   pane->viewWillAppear(false);
   layOut();
-  EXPECT_NE(cellAt(*pane, 2), summary);
-  EXPECT_EQ(cellAt(*pane, 3), other);
+  std::vector<std::string> renewed;
+  for (std::size_t index = 0; index < rows.size(); ++index) {
+    if (cellAt(*pane, static_cast<int>(index)) != before[rows[index]->name()]) {
+      renewed.push_back(rows[index]->name());
+    }
+  }
+  EXPECT_THAT(renewed, ElementsAre("Hide Caller ID Prefix", "Dial Tab Style",
+                                   "Systemwide Call Style", "Button Style"));
 }
 
 TEST_F(RootPaneTest, TheTitleIsTheLogoAsATemplate) {
@@ -167,6 +231,7 @@ TEST_F(RootPaneTest, TheHeartOpensAShareSheetWithTheTextAndNoImages) {
   EXPECT_EQ(heart->image()->name(), "heart.png");
   EXPECT_EQ(heart->style(), UIBarButtonItemStyle::kPlain);
   EXPECT_TRUE(heart->isEnabled());
+  EXPECT_EQ(heart->accessibilityLabel(), "Share");
   heart->press();
   EXPECT_THAT(take(), ElementsAre(PresentComposeEvent{"SLServiceTypeTwitter",
                                                       "I'm loving #QuietDial from @Tallowbyte!", 0,
@@ -191,6 +256,14 @@ TEST_F(RootPaneTest, TheLastLoadedPaneIsPublishedWeakly) {
   pane.reset();
   EXPECT_TRUE(preferencesListController->expired());
   EXPECT_TRUE(navigationItem->expired());
+
+  // What outside code has once looked up stays the place to look at.
+  auto* const place = preferencesListController;
+  auto* const itemPlace = navigationItem;
+  pane = open<QDPreferencesListController>();
+  EXPECT_EQ(preferencesListController, place);
+  EXPECT_EQ(navigationItem, itemPlace);
+  EXPECT_EQ(place->lock(), pane);
 }
 
 TEST_F(RootPaneTest, ARowWhosePaneIsNotThereOpensAPageThatNamesTheClass) {

@@ -1,0 +1,4 @@
+#include "platform/makers/TBPSEmptyHeaderView.h"
+
+constexpr ClassDescription TBPSEmptyHeaderView::classObject{
+    "TBPSEmptyHeaderView", &UIView::classObject, &allocObject<TBPSEmptyHeaderView>, {}};

@@ -1,0 +1,112 @@
+#include "settings/DesktopPreferences.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QEvent>
+#include <QGuiApplication>
+#include <QPalette>
+
+#include "settings/Appearance.h"
+
+namespace {
+
+constexpr QLatin1String kService("org.freedesktop.portal.Desktop");
+constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
+constexpr QLatin1String kInterface("org.freedesktop.portal.Settings");
+
+constexpr QLatin1String kAppearance("org.freedesktop.appearance");
+// 0 no preference, 1 dark, 2 light
+constexpr QLatin1String kColorScheme("color-scheme");
+// 0 no preference, 1 reduced
+constexpr QLatin1String kReducedMotion("reduced-motion");
+
+// Desktops that know no portal key for it keep this switch.
+constexpr QLatin1String kGnomeInterface("org.gnome.desktop.interface");
+constexpr QLatin1String kEnableAnimations("enable-animations");
+
+bool isPaletteDark() {
+  const QPalette palette = QGuiApplication::palette();
+  return palette.color(QPalette::WindowText).lightness() >
+         palette.color(QPalette::Window).lightness();
+}
+
+// The portal wraps what it is asked for in one variant more than what it tells by itself.
+QVariant unwrapped(QVariant value) {
+  while (value.canConvert<QDBusVariant>()) {
+    value = value.value<QDBusVariant>().variant();
+  }
+  return value;
+}
+
+}  // namespace
+
+DesktopPreferences::DesktopPreferences() {
+  tell();
+  qApp->installEventFilter(this);
+  auto bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) {
+    return;
+  }
+  bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
+              SLOT(settingChanged(QString, QString, QDBusVariant)));
+  ask(kAppearance, kColorScheme);
+  ask(kAppearance, kReducedMotion);
+  ask(kGnomeInterface, kEnableAnimations);
+}
+
+DesktopPreferences::~DesktopPreferences() {
+  qApp->removeEventFilter(this);
+}
+
+void DesktopPreferences::ask(const QString& group, const QString& key) {
+  auto message =
+      QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("Read"));
+  message << group << key;
+  auto* watcher =
+      new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, group, key, watcher] {
+    watcher->deleteLater();
+    const QDBusPendingReply<QDBusVariant> reply = *watcher;
+    if (reply.isValid()) {
+      take(group, key, reply.value().variant());
+    }
+  });
+}
+
+void DesktopPreferences::settingChanged(const QString& group, const QString& key,
+                                        const QDBusVariant& value) {
+  take(group, key, value.variant());
+}
+
+void DesktopPreferences::take(const QString& group, const QString& key, const QVariant& value) {
+  const QVariant plain = unwrapped(value);
+  if (group == kAppearance && key == kColorScheme) {
+    constexpr uint kDark = 1;
+    constexpr uint kLight = 2;
+    const uint scheme = plain.toUInt();
+    prefersDark_ =
+        scheme == kDark || scheme == kLight ? std::optional(scheme == kDark) : std::nullopt;
+  } else if (group == kAppearance && key == kReducedMotion) {
+    reducesMotion_ = plain.toUInt() == 1;
+  } else if (group == kGnomeInterface && key == kEnableAnimations) {
+    animates_ = plain.toBool();
+  } else {
+    return;
+  }
+  tell();
+}
+
+void DesktopPreferences::tell() const {
+  auto& appearance = Appearance::shared();
+  appearance.setDesktopDark(prefersDark_.value_or(isPaletteDark()));
+  appearance.setDesktopReducesMotion(reducesMotion_ || !animates_);
+}
+
+bool DesktopPreferences::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ApplicationPaletteChange) {
+    tell();
+  }
+  return QObject::eventFilter(watched, event);
+}

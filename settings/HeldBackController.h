@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/preferences/PSListController.h"
+
+/// Stands in for a page that was to be opened at the start and took the program down the last time,
+/// says so, and offers to open it all the same. Main thread.
+class HeldBackController : public PSListController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  /// `specifier` is the row that leads to the page, or null; `open` opens the page in this one's
+  /// place.
+  static std::shared_ptr<HeldBackController> forPane(const std::string& className,
+                                                     const std::shared_ptr<PSSpecifier>& specifier,
+                                                     std::function<void()> open);
+
+  const PSSpecifiers& specifiers() override;
+
+  /// Action of the button.
+  void openAnyway();
+
+ private:
+  std::string explanation_;
+  std::function<void()> open_;
+};

@@ -1,0 +1,37 @@
+#include "settings/OpeningRecord.h"
+
+#include <QDir>
+#include <QFile>
+#include <QUrl>
+#include <utility>
+
+OpeningRecord::OpeningRecord(QString folder) : folder_(std::move(folder)) {}
+
+OpeningRecord::~OpeningRecord() {
+  succeed();
+}
+
+QString OpeningRecord::fileFor(const std::string& className) const {
+  // Names come from resources; none of their signs may lead to another folder.
+  const QByteArray name = QUrl::toPercentEncoding(QString::fromStdString(className), {}, ".~");
+  return QDir(folder_).filePath(QString::fromLatin1(name.left(200)));
+}
+
+bool OpeningRecord::tookProgramDown(const std::string& className) const {
+  const QString file = fileFor(className);
+  return !opening_.contains(file) && QFile::exists(file);
+}
+
+void OpeningRecord::begin(const std::string& className) {
+  const QString path = fileFor(className);
+  QFile file(path);
+  if (!className.empty() && QDir().mkpath(folder_) && file.open(QIODevice::WriteOnly)) {
+    opening_.insert(path);
+  }
+}
+
+void OpeningRecord::succeed() {
+  for (const auto& file : std::exchange(opening_, {})) {
+    QFile::remove(file);
+  }
+}

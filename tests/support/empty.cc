@@ -1,0 +1,1 @@
+// Something to link where only the precompiled headers matter; the test framework brings its main.
