@@ -5,6 +5,7 @@
 #include "animated/FLWeakProxy.h"
 #include "core/export.h"
 #include "extras/QDCreditsListController.h"
+#include "extras/QDPromotionController.h"
 #include "extras/QDSoftwareCreditsController.h"
 #include "extras/QDSupportListController.h"
 #include "platform/foundation/ClassDescription.h"
@@ -20,7 +21,7 @@
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 15> kClasses{
+constexpr std::array<const ClassDescription*, 16> kClasses{
     &FLAnimatedImage::classObject,
     &FLAnimatedImageView::classObject,
     &FLWeakProxy::classObject,
@@ -30,6 +31,7 @@ constexpr std::array<const ClassDescription*, 15> kClasses{
     &QDSoftwareCreditsController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
+    &QDPromotionController::classObject,
     &QDDialerStyleSelectionController::classObject,
     &QDDialerTabStyleCell::classObject,
     &QDSystemwideStyleSelectionController::classObject,

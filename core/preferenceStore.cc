@@ -22,9 +22,13 @@ std::optional<PropertyListValue> readPreference(std::string_view key) {
 }
 
 void writePreference(std::string_view key, const PropertyListValue& value) {
+  storePreference(key, value);
+  CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),
+                                       kPreferencesChangedNotification, true);
+}
+
+void storePreference(std::string_view key, const PropertyListValue& value) {
   auto settings = storedSettings();
   settings.insert_or_assign(std::string(key), value);
   services().files->writeToFileAtomically(settings, std::string(kSettingsPath));
-  CFNotificationCenterPostNotification(CFNotificationCenterGetDarwinNotifyCenter(),
-                                       kPreferencesChangedNotification, true);
 }

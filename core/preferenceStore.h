@@ -6,9 +6,10 @@
 #include "platform/foundation/PropertyList.h"
 
 /// The settings file, shared with the extension inside the dialler. It is never cached: each read
-/// and each write loads it anew, so that what another process has written is seen at once. Main
-/// thread. Each pane and cell that holds settings has read and write operations of its own on top
-/// of these two; they differ in what an absent or an unchanged value does.
+/// and each write loads it anew, so that what another process has written is seen at once. Reading
+/// on any thread, writing on the main thread. Each pane and cell that holds settings has read and
+/// write operations of its own on top of these; they differ in what an absent or an unchanged value
+/// does.
 
 inline constexpr std::string_view kSettingsPath =
     "/User/Library/Preferences/me.orlanvey.quietDial.plist";
@@ -24,3 +25,6 @@ std::optional<PropertyListValue> readPreference(std::string_view key);
 /// notification. Whether the write succeeded is not examined: the notification goes out in any
 /// case.
 void writePreference(std::string_view key, const PropertyListValue& value);
+
+/// The same without the notification: for what does not concern the dialler.
+void storePreference(std::string_view key, const PropertyListValue& value);

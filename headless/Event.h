@@ -36,6 +36,26 @@ struct WaitEvent {
   bool operator==(const WaitEvent&) const = default;
 };
 
+struct FetchEvent {
+  std::string url;
+  bool ok = false;
+  bool operator==(const FetchEvent&) const = default;
+};
+
+/// A web view starts loading.
+struct LoadStartEvent {
+  std::string url;
+  double timeout = 0;  // seconds
+  bool operator==(const LoadStartEvent&) const = default;
+};
+
+/// It has ended loading.
+struct LoadFinishEvent {
+  std::string url;
+  bool ok = false;
+  bool operator==(const LoadFinishEvent&) const = default;
+};
+
 struct CanOpenEvent {
   std::string url;
   bool answer = false;
@@ -83,6 +103,6 @@ struct LogEvent {
   bool operator==(const LogEvent&) const = default;
 };
 
-using Event =
-    std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, CanOpenEvent, OpenEvent, AlertEvent,
-                 PresentComposeEvent, PresentMailEvent, DismissEvent, LogEvent>;
+using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, FetchEvent, LoadStartEvent,
+                           LoadFinishEvent, CanOpenEvent, OpenEvent, AlertEvent,
+                           PresentComposeEvent, PresentMailEvent, DismissEvent, LogEvent>;

@@ -13,6 +13,7 @@
 
 class UIAlertView;
 class UIViewController;
+class UIWebView;
 struct MailMessage;
 struct UIFont;
 
@@ -140,6 +141,24 @@ class DeviceInformationService {
   virtual PropertyListDictionary deviceInformation() = 0;
 };
 
+/// Fetching texts over HTTP. Any thread; a call returns when the answer is there or will not come.
+class FetchService {
+ public:
+  virtual ~FetchService() = default;
+  /// The body of the answer. Nothing when none came within the service's bounds of time, size and
+  /// redirects, when it was cut off, had a status other than 2xx, or is not UTF-8.
+  virtual std::optional<std::string> stringWithContentsOfURL(const std::string& url) = 0;
+};
+
+/// Loading pages into web views and, where there is a screen, showing them.
+class WebViewService {
+ public:
+  virtual ~WebViewService() = default;
+  /// The view has a new request. The service tells the view how that load ends, on the main queue
+  /// and not before this call has returned; the view may be gone by then.
+  virtual void load(UIWebView& view) = 0;
+};
+
 /// The refreshes of the screen.
 class DisplayRefresh {
  public:
@@ -161,6 +180,8 @@ struct Services {
   std::shared_ptr<SheetPresenter> sheets;
   std::shared_ptr<MailService> mail;
   std::shared_ptr<DeviceInformationService> device;
+  std::shared_ptr<FetchService> fetches;
+  std::shared_ptr<WebViewService> webViews;
   std::shared_ptr<DisplayRefresh> displayRefresh;
   std::shared_ptr<SystemLog> log;
 };

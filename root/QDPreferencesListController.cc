@@ -7,12 +7,16 @@
 #include "core/preferenceStore.h"
 #include "core/rowHeight.h"
 #include "platform/foundation/CFNotificationCenter.h"
+#include "platform/foundation/GlobalQueue.h"
+#include "platform/foundation/MainQueue.h"
 #include "platform/foundation/method.h"
 #include "platform/makers/TBPSColoredTableCell.h"
 #include "platform/preferences/PSTextFieldSpecifier.h"
+#include "platform/services.h"
 #include "platform/social/SLComposeViewController.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIImageView.h"
+#include "root/tweakCatalogue.h"
 
 namespace {
 
@@ -29,6 +33,9 @@ constexpr std::array kMethods{
 // The rows whose values the sub-panes change while they are open.
 constexpr std::array<std::string_view, 4> kSummaryRows{"Hide Caller ID Prefix", "Dial Tab Style",
                                                        "Systemwide Call Style", "Button Style"};
+
+// Leads to the page about the catalogue's tweaks.
+constexpr std::string_view kPromotionRow = "QDPromotionCell";
 
 constexpr std::string_view kUpdateBadge = "New update available!";
 
@@ -98,6 +105,36 @@ void QDPreferencesListController::viewDidLoad() {
   heart->setEnabled(true);
 }
 
+std::shared_ptr<const Tweaks> QDPreferencesListController::getUnseenTweaks() {
+  const auto available = availableTweaks.tweaks();
+  if (!available) {
+    return nullptr;
+  }
+  const auto unseen =
+      std::make_shared<const Tweaks>(tweaksNotSeen(*available, readPreference(kSeenTweaksKey)));
+  unseenTweaks.setTweaks(unseen);
+  return unseen;
+}
+
+// In the background. Several may overlap; each replaces the lists as a whole, and the last one
+// wins.
+void QDPreferencesListController::fetchCatalogue() {
+  const auto text = services().fetches->stringWithContentsOfURL(std::string(kCatalogueListURL));
+  if (!text) {
+    return;
+  }
+  availableTweaks.setTweaks(std::make_shared<const Tweaks>(tweaksFromList(*text)));
+  const auto row = specifierForID(kPromotionRow);
+  const auto count = getUnseenTweaks()->size();
+  if (!row) {
+    return;
+  }
+  row->setPropertyForKey(PropertyListValue(count > 0 ? std::to_string(count) : std::string()),
+                         "badgeString");
+  const auto self = cast<QDPreferencesListController>(shared_from_this());
+  MainQueue::shared().async([self, row] { self->reloadSpecifierAnimated(row, false); });
+}
+
 void QDPreferencesListController::showLove() {
   const auto sheet =
       SLComposeViewController::composeViewControllerForServiceType(SLServiceTypeTwitter);
@@ -111,6 +148,8 @@ void QDPreferencesListController::viewWillAppear(bool animated) {
   for (const auto identifier : kSummaryRows) {
     reloadSpecifierIDAnimated(identifier, false);
   }
+  const auto self = cast<QDPreferencesListController>(shared_from_this());
+  GlobalQueue::shared().async([self] { self->fetchCatalogue(); });
 }
 
 const PSSpecifiers& QDPreferencesListController::specifiers() {

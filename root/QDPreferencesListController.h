@@ -5,8 +5,11 @@
 
 #include "core/export.h"
 #include "platform/preferences/PSListController.h"
+#include "root/TweakList.h"
 
-/// The bundle's first pane. Main thread.
+/// The bundle's first pane. Each time it comes into sight it asks the maker's catalogue, in the
+/// background, how many tweaks there are that the user has not been shown, and badges a row with
+/// the number. Main thread unless an operation says otherwise.
 class QDPreferencesListController : public PSListController {
  public:
   static const ClassDescription classObject;
@@ -20,6 +23,10 @@ class QDPreferencesListController : public PSListController {
   /// Action of a row: applies the settings once more.
   void applyChangedSettings();
   void viewDidLoad() override;
+  /// The tweaks of the catalogue that the user has not been shown, in its order, which become the
+  /// process-wide list. Null, and nothing becomes of the list, before a catalogue was fetched. Any
+  /// thread.
+  std::shared_ptr<const Tweaks> getUnseenTweaks();
   /// Action of the heart: a sheet for sharing.
   void showLove();
   void viewWillAppear(bool animated) override;
@@ -39,6 +46,7 @@ class QDPreferencesListController : public PSListController {
 
  private:
   std::shared_ptr<PSSpecifier> makeUpdateRow();
+  void fetchCatalogue();
 
   bool _updateAvailable = false;
 };

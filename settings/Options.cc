@@ -95,6 +95,13 @@ Options Options::parse(const QStringList& arguments) {
                                 text("DIR"));
   const QCommandLineOption renderer(
       text("renderer"), text("How the window is drawn: software (default) or gpu."), text("NAME"));
+  const QCommandLineOption mapHost(
+      text("map-host"),
+      text("Connect to ADDRESS:PORT wherever NAME would be looked up. May be given again."),
+      text("NAME=ADDRESS:PORT"));
+  const QCommandLineOption noWebEngine(
+      text("no-web-engine"),
+      text("Show no web pages: in their place a button opens them in the browser."));
   const QCommandLineOption effects(
       text("effects"),
       text("real (default): a change restarts the dialler's processes and other processes are told "
@@ -121,8 +128,9 @@ Options Options::parse(const QStringList& arguments) {
 
   QCommandLineParser parser;
   parser.setApplicationDescription(text("The Settings application, with QuietDial's panes."));
-  parser.addOptions({root, bundle, pane, gif, badge, size, scale, refreshRate, appearance, textSize,
-                     motion, direction, screenshot, tour, renderer, effects, help, version});
+  parser.addOptions({root,        bundle,     pane,     gif,         badge,     size,       scale,
+                     refreshRate, appearance, textSize, motion,      direction, screenshot, tour,
+                     renderer,    effects,    mapHost,  noWebEngine, help,      version});
   if (!parser.parse(arguments)) {
     return wrong(parser.errorText());
   }
@@ -172,6 +180,12 @@ Options Options::parse(const QStringList& arguments) {
     if (!isNumber || !(options.scale >= kSmallestScale && options.scale <= kLargestScale)) {
       return wrong(
           text("--scale is a number from %1 to %2.").arg(kSmallestScale).arg(kLargestScale));
+    }
+  }
+  options.webEngine = !parser.isSet(noWebEngine);
+  for (const auto& host : parser.values(mapHost)) {
+    if (!options.hosts.add(host.toStdString())) {
+      return wrong(text("--map-host is NAME=ADDRESS:PORT."));
     }
   }
   if (parser.isSet(refreshRate)) {

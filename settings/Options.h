@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <string>
 
+#include "linux/HostMap.h"
 #include "platform/uikit/UIApplication.h"
 #include "settings/Appearance.h"
 
@@ -29,6 +30,8 @@ struct Options {
   QString screenshot;
   QString tour;
   Renderer renderer = Renderer::Software;
+  HostMap hosts;
+  bool webEngine = true;
   Effects effects = Effects::Real;  // None for pictures
   Appearance::Scheme scheme = Appearance::Scheme::System;
   Appearance::Motion motion = Appearance::Motion::System;

@@ -5,42 +5,60 @@
 #include <QEvent>
 #include <QQuickItem>
 #include <QResizeEvent>
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
 
 #include "platform/foundation/DispatchQueue.h"
+#include "platform/foundation/GlobalQueue.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSListController.h"
 #include "settings/Appearance.h"
+#include "settings/WebViewItem.h"
 
 namespace {
 
 // Pictures of a page that are not there by then are left out, in milliseconds.
 constexpr int kLongestSettling = 5000;
+// A page of the web engine has been drawn when no frame comes for that long, in milliseconds.
+constexpr int kQuiet = 200;
 constexpr int kBarHeight = 44;
 
-bool isLoading(const QQuickItem& item) {
-  constexpr int kImageLoading = 2;
-  if (item.inherits("QQuickImage") && item.property("status").toInt() == kImageLoading) {
+template <class Condition>
+bool anyOf(const QQuickItem& item, const Condition& condition) {
+  if (condition(item)) {
     return true;
   }
-  for (const auto* child : item.childItems()) {
-    if (isLoading(*child)) {
-      return true;
-    }
-  }
-  return false;
+  const auto children = item.childItems();
+  return std::ranges::any_of(children,
+                             [&](const QQuickItem* child) { return anyOf(*child, condition); });
+}
+
+bool isLoadingPicture(const QQuickItem& item) {
+  constexpr int kImageLoading = 2;
+  return item.inherits("QQuickImage") && item.property("status").toInt() == kImageLoading;
+}
+
+bool isEnginePage(const QQuickItem& item) {
+  const auto* page = qobject_cast<const WebViewItem*>(&item);
+  return page && page->usesEngine();
+}
+
+bool isBusyPage(const QQuickItem& item) {
+  const auto* page = qobject_cast<const WebViewItem*>(&item);
+  return page && page->isBusy();
 }
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(Sheets& sheets, OpeningRecord& record,
+SettingsWindow::SettingsWindow(Sheets& sheets, WebPages& webPages, OpeningRecord& record,
                                PictureProvider::PathResolver resolvePicture, QSize size)
     : record_(record), mirror_(engine_), view_(&engine_, nullptr) {
   engine_.addImageProvider(QLatin1String(PictureProvider::kName),
                            new PictureProvider(std::move(resolvePicture)));
   engine_.setProperty("viewMirror", QVariant::fromValue(&mirror_));
+  engine_.setProperty("webPages", QVariant::fromValue(&webPages));
   view_.setTitle(QStringLiteral("Settings"));
   view_.setResizeMode(QQuickView::SizeRootObjectToView);
   view_.resize(size);
@@ -105,13 +123,29 @@ int SettingsWindow::wholePageHeight() {
 void SettingsWindow::settle() {
   QElapsedTimer time;
   time.start();
+  const auto& content = *view_.contentItem();
   do {
+    if (!view_.isVisible() && anyOf(content, isBusyPage)) {
+      view_.show();  // the web engine draws only into a window that is shown
+    }
     MainQueue::shared().drain();
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     mirror_.commit();
-  } while ((mirror_.isPending() || isLoading(*view_.contentItem()) ||
-            !DispatchQueue::areAllIdle() || !MainQueue::shared().isIdle()) &&
+  } while ((mirror_.isPending() || !DispatchQueue::areAllIdle() ||
+            !GlobalQueue::shared().isIdle() || anyOf(content, isLoadingPicture) ||
+            anyOf(content, isBusyPage) || !MainQueue::shared().isIdle()) &&
            !time.hasExpired(kLongestSettling));
+  if (anyOf(content, isEnginePage)) {
+    // The engine draws what it has loaded a little later, in frames of its own.
+    QElapsedTimer quiet;
+    quiet.start();
+    const auto frames =
+        connect(&view_, &QQuickWindow::frameSwapped, this, [&quiet] { quiet.restart(); });
+    while (!quiet.hasExpired(kQuiet) && !time.hasExpired(kLongestSettling)) {
+      QCoreApplication::processEvents(QEventLoop::AllEvents, kQuiet / 4);
+    }
+    disconnect(frames);
+  }
 }
 
 QImage SettingsWindow::picture() {

@@ -13,6 +13,7 @@
 #include "settings/PictureProvider.h"
 #include "settings/Sheets.h"
 #include "settings/ViewMirror.h"
+#include "settings/WebPages.h"
 #include "settings/WindowRefresh.h"
 
 /// The application's window and all that keeps it up to date. Main thread.
@@ -20,8 +21,8 @@ class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `sheets` and `record` outlive the window.
-  SettingsWindow(Sheets& sheets, OpeningRecord& record,
+  /// `sheets`, `webPages` and `record` outlive the window.
+  SettingsWindow(Sheets& sheets, WebPages& webPages, OpeningRecord& record,
                  PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)

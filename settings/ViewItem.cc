@@ -45,7 +45,7 @@ bool ViewItem::takeOver() {
   const CGRect frame = view_->frame();
   setPosition({mirroredX(frame), frame.origin.y});
   setSize({frame.size.width, frame.size.height});
-  setVisible(!view_->isHidden());
+  takeOverVisibility(view_->isHidden());
   color_ = view_->backgroundColor() ? toQColor(*view_->backgroundColor()) : Qt::transparent;
   radius_ = view_->cornerRadius();
   const QColor tint = toQColor(view_->tintColor());

@@ -74,6 +74,8 @@ class ViewItem : public AccessibleItem {
   }
   /// For subclasses: read the view's own values.
   virtual void takeOverLook() {}
+  /// For subclasses whose items are there even while the view is hidden.
+  virtual void takeOverVisibility(bool hidden) { setVisible(!hidden); }
 
  private:
   qreal mirroredX(const CGRect& frame) const;

@@ -11,6 +11,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/uikit/UIActivityIndicatorView.h"
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
@@ -19,6 +20,7 @@
 #include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/UITextField.h"
+#include "platform/uikit/UIWebView.h"
 #include "settings/Appearance.h"
 #include "settings/TableItem.h"
 #include "settings/ViewItem.h"
@@ -32,7 +34,7 @@ struct Kind {
 };
 
 // The QML type that shows a view: that of its class or of the nearest superclass named here.
-constexpr std::array<Kind, 9> kKinds{{
+constexpr std::array<Kind, 11> kKinds{{
     {&UITableView::classObject, "TableView"},
     {&UITableViewCell::classObject, "TableCell"},
     {&UITableViewHeaderFooterView::classObject, "HeaderFooter"},
@@ -41,6 +43,8 @@ constexpr std::array<Kind, 9> kKinds{{
     {&UIButton::classObject, "Button"},
     {&UIImageView::classObject, "ImageView"},
     {&UILabel::classObject, "Label"},
+    {&UIActivityIndicatorView::classObject, "ActivityIndicatorView"},
+    {&UIWebView::classObject, "WebView"},
     {&UIView::classObject, "PlainView"},
 }};
 
@@ -184,7 +188,10 @@ void ViewMirror::commit() {
 void ViewMirror::layOut() {
   const auto surfaces = surfaces_;
   for (auto* surface : surfaces) {
-    surface->layOut();
+    // Making an item may run other events, in which a surface may go.
+    if (std::ranges::find(surfaces_, surface) != surfaces_.end()) {
+      surface->layOut();
+    }
   }
 }
 

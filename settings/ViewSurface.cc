@@ -5,7 +5,6 @@
 #include "platform/uikit/UIView.h"
 #include "settings/TableItem.h"
 #include "settings/ViewItem.h"
-#include "settings/ViewMirror.h"
 
 namespace {
 
@@ -26,14 +25,9 @@ TableItem* firstTable(const QQuickItem& item) {
 ViewSurface::ViewSurface(QQuickItem* parent) : QQuickItem(parent) {}
 
 ViewSurface::~ViewSurface() {
-  if (auto* owner = mirror(); owner && added_) {
-    owner->remove(*this);
+  if (mirror_) {
+    mirror_->remove(*this);
   }
-}
-
-ViewMirror* ViewSurface::mirror() const {
-  const auto* engine = qmlEngine(this);
-  return engine ? engine->property("viewMirror").value<ViewMirror*>() : nullptr;
 }
 
 void ViewSurface::setRoot(const ViewHandle& root) {
@@ -60,9 +54,11 @@ void ViewSurface::setLive(bool live) {
 
 void ViewSurface::componentComplete() {
   QQuickItem::componentComplete();
-  if (auto* owner = mirror()) {
-    owner->add(*this);
-    added_ = true;
+  if (const auto* engine = qmlEngine(this)) {
+    mirror_ = engine->property("viewMirror").value<ViewMirror*>();
+  }
+  if (mirror_) {
+    mirror_->add(*this);
   }
   fit();
 }
@@ -83,8 +79,8 @@ void ViewSurface::fit() {
   } else if (width() > 0 && height() > 0) {
     root_->setFrame(CGRectMake(0, 0, width(), height()));
   }
-  if (auto* owner = mirror(); owner && added_) {
-    owner->scheduleCommit();
+  if (mirror_) {
+    mirror_->scheduleCommit();
   }
 }
 
@@ -93,7 +89,7 @@ void ViewSurface::layOut() {
     return;
   }
   root_->layoutIfNeeded();
-  auto& item = mirror()->itemFor(*root_);
+  auto& item = mirror_->itemFor(*root_);
   if (item.parentItem() != this) {
     item.setParentItem(this);
     item.setParent(this);

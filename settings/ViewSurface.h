@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QMetaType>
+#include <QPointer>
 #include <QQuickItem>
 #include <memory>
 #include <qqmlintegration.h>
 
+#include "settings/ViewMirror.h"
+
 class UIView;
-class ViewMirror;
 
 using ViewHandle = std::shared_ptr<UIView>;
 Q_DECLARE_METATYPE(ViewHandle)
@@ -47,11 +49,11 @@ class ViewSurface : public QQuickItem {
   void componentComplete() override;
 
  private:
-  ViewMirror* mirror() const;
   void fit();
 
   ViewHandle root_;
   bool live_ = false;
   bool fillsSurface_ = true;
-  bool added_ = false;
+  // Kept: an item that is being taken down no longer knows its engine.
+  QPointer<ViewMirror> mirror_;
 };

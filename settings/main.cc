@@ -19,7 +19,10 @@
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
+#include "linux/HTTPClient.h"
+#include "linux/HTTPFetchService.h"
 #include "linux/LowMemoryWatch.h"
+#include "linux/NetworkWork.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
 #include "linux/Syslog.h"
@@ -46,6 +49,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/WebPages.h"
 #include "settings/WindowDeviceInformation.h"
 #include "settings/WindowRefresh.h"
 #include "tools/version.h"
@@ -169,6 +173,9 @@ int run(const Options& options) {
       options.bundle.isEmpty() ? std::string() : bundle.absoluteFilePath().toStdString());
   const auto files = std::make_shared<DeviceFileService>(paths);
   const auto sheets = std::make_shared<Sheets>();
+  const auto web = std::make_shared<HTTPClient>(options.hosts, HTTPClient::Unmapped::kLookedUp);
+  const NetworkWork network(web);
+  const auto webPages = std::make_shared<WebPages>(options.hosts, web, options.webEngine);
   const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
   const auto effects = effectsFor(options);
   // Pictures show the same on every machine, and nothing of them leaves it.
@@ -191,6 +198,8 @@ int run(const Options& options) {
       .sheets = sheets,
       .mail = mail,
       .device = std::make_shared<WindowDeviceInformation>(),
+      .fetches = std::make_shared<HTTPFetchService>(web),
+      .webViews = webPages,
       .displayRefresh = refresh,
       .log = std::make_shared<Syslog>("quietdial-settings"),
   });
@@ -222,7 +231,8 @@ int run(const Options& options) {
   const auto record = std::make_shared<OpeningRecord>(
       root + QStringLiteral("/User/Library/Caches/Settings/Opening"));
   const auto openWindow = [&] {
-    auto window = std::make_unique<SettingsWindow>(*sheets, *record, resolve, options.size);
+    auto window =
+        std::make_unique<SettingsWindow>(*sheets, *webPages, *record, resolve, options.size);
     window->follow(*refresh);
     window->navigation().setAnimated(!options.isPicture());
     window->navigation().stack().pushViewControllerAnimated(
@@ -290,6 +300,8 @@ int main(int count, char** values) {
   if (options.renderer == Options::Renderer::Software) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   }
+  // The web engine wants it from the start, whether or not it is ever used.
+  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   int toolkitCount = 1;  // the arguments are this program's own
   qInstallMessageHandler(handleStartMessage);
   const QGuiApplication application(toolkitCount, values);

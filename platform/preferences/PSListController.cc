@@ -26,6 +26,8 @@ class PaneView : public UIView {
   void layoutSubviews() override {
     UIView::layoutSubviews();
     table_->setFrame(bounds());
+    // What else the pane has added may be what a row's height is taken from.
+    table_->reloadRowHeights();
   }
 
  private:
@@ -76,6 +78,7 @@ void PSListController::setSpecifier(const std::shared_ptr<PSSpecifier>& specifie
 }
 
 std::shared_ptr<PSSpecifier> PSListController::specifierForID(std::string_view identifier) const {
+  const std::lock_guard lock(specifiersMutex_);
   const auto found = std::ranges::find_if(
       specifiers_, [&](const auto& specifier) { return specifier->identifier() == identifier; });
   return found == specifiers_.end() ? nullptr : *found;
@@ -118,7 +121,11 @@ std::optional<NSIndexPath> PSListController::indexPathForIndex(int index) const 
 }
 
 void PSListController::setSpecifiers(PSSpecifiers specifiers) {
-  specifiers_ = std::move(specifiers);
+  {
+    const std::lock_guard lock(specifiersMutex_);
+    // What was there goes with the argument, outside the lock.
+    specifiers_.swap(specifiers);
+  }
   divideIntoSections();
   std::erase_if(cells_, [this](const auto& entry) {
     return std::ranges::none_of(

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,7 +42,8 @@ class PLATFORM_API PSListController : public UIViewController,
   const std::shared_ptr<PSSpecifier>& specifier() const { return specifier_; }
   void setSpecifier(const std::shared_ptr<PSSpecifier>& specifier);
 
-  /// Looking a row up never builds the list. Null or nothing for what is not there.
+  /// Looking a row up never builds the list. Null or nothing for what is not there. By identifier
+  /// on any thread.
   std::shared_ptr<PSSpecifier> specifierForID(std::string_view identifier) const;
   std::shared_ptr<PSSpecifier> specifierAtIndex(int index) const;
   std::optional<int> indexForIndexPath(NSIndexPath indexPath) const;
@@ -108,6 +110,8 @@ class PLATFORM_API PSListController : public UIViewController,
   std::shared_ptr<PSTableCell> makeCell(const std::shared_ptr<PSSpecifier>& specifier) const;
   std::shared_ptr<UIView> makeSectionEdge(int section, bool header) const;
 
+  // Written on the main thread only, so that reading there needs no lock.
+  mutable std::mutex specifiersMutex_;
   PSSpecifiers specifiers_;
   std::vector<Section> sections_;
   std::map<const PSSpecifier*, std::shared_ptr<PSTableCell>> cells_;

@@ -53,6 +53,11 @@ void UITableView::reloadRowAtIndexPath(NSIndexPath indexPath) {
   }
 }
 
+void UITableView::reloadRowHeights() {
+  heightsStale_ = true;
+  setNeedsLayout();
+}
+
 const UITableView::Row* UITableView::rowAt(NSIndexPath indexPath) const {
   if (indexPath.section < 0 || static_cast<std::size_t>(indexPath.section) >= sections_.size()) {
     return nullptr;
@@ -144,22 +149,25 @@ void UITableView::countRows() {
 }
 
 void UITableView::refreshStaleRows() {
-  const auto forEachStale = [this](auto&& action) {
+  const auto forEachRow = [this](auto&& action) {
     for (std::size_t section = 0; section < sections_.size(); ++section) {
       for (std::size_t row = 0; row < sections_[section].rows.size(); ++row) {
-        if (sections_[section].rows[row].stale) {
-          action(sections_[section].rows[row],
-                 NSIndexPath{static_cast<int>(section), static_cast<int>(row)});
-        }
+        action(sections_[section].rows[row],
+               NSIndexPath{static_cast<int>(section), static_cast<int>(row)});
       }
     }
   };
-  forEachStale([this](Row& row, NSIndexPath indexPath) {
-    row.height = delegate_->tableViewHeightForRowAtIndexPath(*this, indexPath);
+  const bool allHeights = std::exchange(heightsStale_, false);
+  forEachRow([&](Row& row, NSIndexPath indexPath) {
+    if (row.stale || allHeights) {
+      row.height = delegate_->tableViewHeightForRowAtIndexPath(*this, indexPath);
+    }
   });
-  forEachStale([this](Row& row, NSIndexPath indexPath) {
-    adopt(row, dataSource_->tableViewCellForRowAtIndexPath(*this, indexPath));
-    row.stale = false;
+  forEachRow([this](Row& row, NSIndexPath indexPath) {
+    if (row.stale) {
+      adopt(row, dataSource_->tableViewCellForRowAtIndexPath(*this, indexPath));
+      row.stale = false;
+    }
   });
 }
 

@@ -61,6 +61,8 @@ class PLATFORM_API UITableView : public UIView {
   void reloadData();
   /// The next layout asks for that row's height and cell again.
   void reloadRowAtIndexPath(NSIndexPath indexPath);
+  /// The next layout asks for every row's height again; the cells stay.
+  void reloadRowHeights();
 
   /// The cell as last laid out; null for a place that is not there.
   std::shared_ptr<UITableViewCell> cellForRowAtIndexPath(NSIndexPath indexPath) const;
@@ -99,4 +101,5 @@ class PLATFORM_API UITableView : public UIView {
   std::shared_ptr<UIView> wrapperView_;
   std::vector<Section> sections_;
   bool allStale_ = true;
+  bool heightsStale_ = false;
 };

@@ -32,6 +32,8 @@ inline constexpr CGFloat kFooterBottomGap = 10;
 inline constexpr CGFloat kBadgeHeight = 22;
 inline constexpr CGFloat kBadgePadding = 7;
 
+inline constexpr CGFloat kActivityIndicatorSize = 20;
+
 inline constexpr UIFontTextStyle kTitleStyle = UIFontTextStyle::kBody;
 inline constexpr UIFontTextStyle kDetailStyle = UIFontTextStyle::kBody;
 inline constexpr UIFontTextStyle kHeaderStyle = UIFontTextStyle::kFootnote;

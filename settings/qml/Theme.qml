@@ -71,6 +71,14 @@ QtObject {
     readonly property real pillPadding: 4
     readonly property int smallestText: 11
 
+    readonly property color wheelColor: "#8e8e93"
+    readonly property int wheelSpokes: 12
+    readonly property int wheelTime: 1000
+    readonly property real wheelSpokeWidth: 0.09
+    readonly property real wheelSpokeLength: 0.27
+    readonly property real wheelFaintest: 0.25
+    readonly property real webNoteMargin: 15
+
     readonly property int slideTime: 400
     readonly property int releaseTime: 300
     // How far the page below moves to the left and how much it dims while another slides over it.

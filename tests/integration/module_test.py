@@ -19,7 +19,7 @@ class Module(unittest.TestCase):
             names,
             {
                 "applySettings", "preferencesDidChange", "preferencesListController", "navigationItem", "prefixes",
-                "quietDialPreferencesClasses",
+                "availableTweaks", "unseenTweaks", "quietDialPreferencesClasses",
             },
         )
 

@@ -4,6 +4,7 @@
 #include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
+#include "headless/RecordingWebViews.h"
 #include "headless/StandInDevice.h"
 #include "headless/TableTextMeasurer.h"
 #include "platform/classes.h"
@@ -22,6 +23,10 @@ PaneTest::PaneTest() {
       .sheets = sheets,
       .mail = mail,
       .device = std::make_shared<StandInDevice>(),
+      .fetches = web,
+      .webViews = std::make_shared<RecordingWebViews>(
+          [web = web](const NSURLRequest& request) { return web->heightOfPage(request); },
+          recorder),
       .displayRefresh = displayRefresh,
       .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
@@ -47,8 +52,11 @@ void PaneTest::layOut() {
 }
 
 void PaneTest::settle() {
-  MainQueue::shared().drain();
-  layOut();
+  do {
+    GlobalQueue::shared().waitUntilIdle();
+    MainQueue::shared().drain();
+    layOut();
+  } while (!GlobalQueue::shared().isIdle());
 }
 
 std::shared_ptr<UITableViewCell> PaneTest::cellAt(PSListController& pane, int index) {

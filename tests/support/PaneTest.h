@@ -12,11 +12,13 @@
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingMail.h"
 #include "headless/RecordingSheets.h"
+#include "platform/foundation/GlobalQueue.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/uikit/UINavigationController.h"
 #include "platform/uikit/UIWindow.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/MemoryPictures.h"
+#include "tests/support/MemoryWeb.h"
 
 /// A test over panes: recorded services, files in memory, a clock moved by hand, and two navigation
 /// controllers, one inside the other.
@@ -31,6 +33,8 @@ class PaneTest : public testing::Test {
   static std::string bundleFile(const std::string& name);
 
   /// Brings a pane up as a tap on a row would, `width` points wide.
+  /// Brings a pane up as a tap on a row would, `width` points wide, and waits for what it does in
+  /// the background; what that leaves for the main queue stays there.
   template <class Pane>
   std::shared_ptr<Pane> open(const std::shared_ptr<PSSpecifier>& row = nullptr) {
     auto pane = allocInit<Pane>();
@@ -39,12 +43,13 @@ class PaneTest : public testing::Test {
     }
     inner->pushViewControllerAnimated(pane, false);
     layOut();
+    GlobalQueue::shared().waitUntilIdle();
     return pane;
   }
 
   /// Lays the top pane out at the width.
   void layOut();
-  /// Runs everything that is due, then lays out.
+  /// Lets background work finish, runs everything that is due, then lays out.
   void settle();
 
   /// The cell of a row, by its index in the flat list.
@@ -66,6 +71,7 @@ class PaneTest : public testing::Test {
   std::shared_ptr<MemoryFiles> files = std::make_shared<MemoryFiles>();
   std::shared_ptr<MemoryPictures> pictures = std::make_shared<MemoryPictures>();
   std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
+  std::shared_ptr<MemoryWeb> web = std::make_shared<MemoryWeb>();
   std::shared_ptr<RecordingSheets> sheets = std::make_shared<RecordingSheets>(recorder);
   std::shared_ptr<RecordingAddresses> addresses =
       std::make_shared<RecordingAddresses>(recorder, std::set<std::string>{}, nullptr);

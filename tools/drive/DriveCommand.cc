@@ -1,5 +1,7 @@
 #include "tools/drive/DriveCommand.h"
 
+#include <charconv>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
@@ -10,11 +12,13 @@
 
 #include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingAddresses.h"
+#include "headless/RecordingFetches.h"
 #include "headless/RecordingFiles.h"
 #include "headless/RecordingLog.h"
 #include "headless/RecordingMail.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
+#include "headless/RecordingWebViews.h"
 #include "headless/StandInDevice.h"
 #include "headless/TableTextMeasurer.h"
 #include "linux/BundleModule.h"
@@ -22,6 +26,10 @@
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
+#include "linux/HTTPClient.h"
+#include "linux/HTTPFetchService.h"
+#include "linux/HostMap.h"
+#include "linux/NetworkWork.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
 #include "linux/StandardErrorLog.h"
@@ -46,14 +54,8 @@ struct Arguments {
   std::vector<std::string> schemes;
 };
 
-// NAME=ADDRESS:PORT
 std::string checkMappedHost(const std::string& text) {
-  const auto equals = text.find('=');
-  const auto colon = text.rfind(':');
-  const bool complete = equals != std::string::npos && equals > 0 && colon != std::string::npos &&
-                        colon > equals + 1 && colon + 1 < text.size() &&
-                        text.find_first_not_of("0123456789", colon + 1) == std::string::npos;
-  return complete ? "" : "has to be NAME=ADDRESS:PORT";
+  return HostMap().add(text) ? "" : "has to be NAME=ADDRESS:PORT";
 }
 
 void describe(CLI::App& app, Arguments& arguments) {
@@ -138,6 +140,25 @@ Effects realEffects(const std::string& root) {
   };
 }
 
+// Pages are not drawn here: how high one is, its server may say.
+std::optional<double> heightOfPage(HTTPClient& web, const NSURLRequest& request) {
+  constexpr double kUsualHeight = 480;
+  constexpr double kGreatestHeight = 1e6;
+  HTTPLimits limits;
+  limits.time = std::chrono::duration_cast<std::chrono::milliseconds>(
+      std::chrono::duration<double>(request.timeoutInterval));
+  limits.bytes = std::size_t{16} << 20;
+  const auto answer = web.get(request.url, limits);
+  if (!answer || !answer->isSuccess()) {
+    return std::nullopt;
+  }
+  const auto text = answer->header("content-height");
+  double height = 0;
+  const bool isNumber =
+      text && std::from_chars(text->data(), text->data() + text->size(), height).ec == std::errc{};
+  return isNumber && height >= 0 && height <= kGreatestHeight ? height : kUsualHeight;
+}
+
 int serve(const Arguments& arguments, const std::string& root, std::istream& in, std::ostream& out,
           std::ostream& err) {
   const auto paths = std::make_shared<const DevicePaths>(root, DevicePaths::installedLibrary());
@@ -146,6 +167,11 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
   const auto displayRefresh = std::make_shared<ManualDisplayRefresh>();
   const auto effects = arguments.effects == "real" ? realEffects(root) : Effects{};
+  HostMap hosts;
+  for (const auto& host : arguments.mappedHosts) {
+    hosts.add(host);
+  }
+  const auto web = std::make_shared<HTTPClient>(hosts, HTTPClient::Unmapped::kUnreachable);
   installServices({
       .clock = clock,
       .files =
@@ -160,6 +186,10 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .sheets = sheets,
       .mail = std::make_shared<RecordingMail>(arguments.mail == "yes", effects.mail),
       .device = std::make_shared<StandInDevice>(),
+      .fetches =
+          std::make_shared<RecordingFetches>(std::make_shared<HTTPFetchService>(web), recorder),
+      .webViews = std::make_shared<RecordingWebViews>(
+          [web](const NSURLRequest& request) { return heightOfPage(*web, request); }, recorder),
       .displayRefresh = displayRefresh,
       .log = std::make_shared<RecordingLog>(recorder, std::make_shared<StandardErrorLog>()),
   });
@@ -175,6 +205,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   if (effects.notifications) {
     options.exchangeNotifications = [bus = effects.notifications] { bus->process(); };
   }
+  const NetworkWork network(web);
   DriveSession session(std::move(options), module, clock, recorder, sheets, displayRefresh);
   LineReader lines(in, kLongestLine);
   std::string line;

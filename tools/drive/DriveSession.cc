@@ -8,12 +8,14 @@
 
 #include "core/preferenceStore.h"
 #include "headless/drainAllQueues.h"
+#include "platform/foundation/GlobalQueue.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/services.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UISegmentedControl.h"
 #include "prefix/prefixes.h"
+#include "root/TweakList.h"
 #include "tools/drive/report.h"
 
 namespace {
@@ -366,8 +368,11 @@ Json DriveSession::globals(const Json& /*request*/) {
     }
   }
   Json reply = success();
-  reply["availableTweaks"] = nullptr;
-  reply["unseenTweaks"] = nullptr;
+  for (const char* name : {"availableTweaks", "unseenTweaks"}) {
+    const auto* list = module_.variable<TweakList>(name);
+    const auto tweaks = list ? list->tweaks() : nullptr;
+    reply[name] = tweaks ? Json(*tweaks) : Json(nullptr);
+  }
   reply["prefixes"] = std::move(pairs);
   return reply;
 }
@@ -381,11 +386,14 @@ void DriveSession::settle() {
   if (options_.exchangeNotifications) {
     options_.exchangeNotifications();
   }
-  drainAllQueues();
-  if (options_.exchangeNotifications) {
-    options_.exchangeNotifications();
-  }
-  layOut();
+  // Laying out may load a page, which ends in the background.
+  do {
+    drainAllQueues();
+    if (options_.exchangeNotifications) {
+      options_.exchangeNotifications();
+    }
+    layOut();
+  } while (!GlobalQueue::shared().isIdle());
 }
 
 void DriveSession::layOut() {

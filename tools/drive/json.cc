@@ -60,6 +60,15 @@ struct EventWriter {
   Json operator()(const WaitEvent& event) const {
     return {{"event", "wait"}, {"options", event.options}};
   }
+  Json operator()(const FetchEvent& event) const {
+    return {{"event", "fetch"}, {"url", event.url}, {"ok", event.ok}};
+  }
+  Json operator()(const LoadStartEvent& event) const {
+    return {{"event", "load"}, {"url", event.url}, {"timeout", event.timeout}};
+  }
+  Json operator()(const LoadFinishEvent& event) const {
+    return {{"event", "load"}, {"url", event.url}, {"finish", true}, {"ok", event.ok}};
+  }
   Json operator()(const CanOpenEvent& event) const {
     return {{"event", "can-open"}, {"url", event.url}, {"answer", event.answer}};
   }

@@ -2,11 +2,13 @@
 
 #include <string>
 
+#include "platform/uikit/UIActivityIndicatorView.h"
 #include "platform/uikit/UIButton.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
 #include "platform/uikit/UISegmentedControl.h"
 #include "platform/uikit/UITextField.h"
+#include "platform/uikit/UIWebView.h"
 
 namespace {
 
@@ -175,6 +177,11 @@ Json reportView(UIView& view) {
     report["image"] = reportImage(picture->image());
     report["tint"] = toJson(picture->tintColor());
     describeAnimation(report, *picture);
+  } else if (const auto* page = dynamic_cast<const UIWebView*>(&view)) {
+    report["url"] = page->request() ? Json(page->request()->url) : Json(nullptr);
+    report["loading"] = page->isLoading();
+  } else if (const auto* wheel = dynamic_cast<const UIActivityIndicatorView*>(&view)) {
+    report["animating"] = wheel->isAnimating();
   } else if (const auto* cell = dynamic_cast<const UITableViewCell*>(&view)) {
     describeCell(report, *cell);
   }

@@ -1,0 +1,232 @@
+#include "linux/HTTPClient.h"
+
+#include <algorithm>
+#include <memory>
+#include <ranges>
+
+#include <curl/curl.h>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::milliseconds;
+
+constexpr const char* kUserAgent = "QuietDial/1.0";
+constexpr const char* kSchemes = "http,https";
+constexpr std::size_t kMostHeaders = 200;
+
+struct FreeURL {
+  void operator()(CURLU* url) const { curl_url_cleanup(url); }
+};
+struct FreeText {
+  void operator()(char* text) const { curl_free(text); }
+};
+struct FreeList {
+  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
+};
+
+// The host in an address; nothing where it is no address.
+std::optional<std::string> hostOf(const std::string& address) {
+  const std::unique_ptr<CURLU, FreeURL> url(curl_url());
+  char* host = nullptr;
+  if (!url || curl_url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK ||
+      curl_url_get(url.get(), CURLUPART_HOST, &host, 0) != CURLUE_OK) {
+    return std::nullopt;
+  }
+  const std::unique_ptr<char, FreeText> owner(host);
+  return std::string(host);
+}
+
+std::string lowered(std::string_view text) {
+  std::string result(text);
+  std::ranges::transform(result, result.begin(), [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+  });
+  return result;
+}
+
+std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view kBlanks = " \t\r\n";
+  const auto begin = text.find_first_not_of(kBlanks);
+  return begin == std::string_view::npos
+             ? std::string_view()
+             : text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+}
+
+bool isRedirect(int status) {
+  return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+}
+
+}  // namespace
+
+/// One request and its answer, without redirects.
+class HTTPClient::Transfer {
+ public:
+  Transfer(HTTPClient& client, std::size_t mostBytes)
+      : client_(client),
+        mostBytes_(mostBytes),
+        multi_(curl_multi_init()),
+        easy_(curl_easy_init()) {}
+  Transfer(const Transfer&) = delete;
+  Transfer& operator=(const Transfer&) = delete;
+  Transfer(Transfer&&) = delete;
+  Transfer& operator=(Transfer&&) = delete;
+  ~Transfer() {
+    curl_multi_remove_handle(multi_, easy_);
+    curl_easy_cleanup(easy_);
+    curl_multi_cleanup(multi_);
+  }
+
+  /// True when the answer has come whole.
+  bool run(const std::string& url, const HostMap::Address* address, Milliseconds time) {
+    if (!multi_ || !easy_ || !configure(url, address, time) || !client_.enter(multi_)) {
+      return false;
+    }
+    const bool done = wait();
+    client_.leave(multi_);
+    long status = 0;
+    curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &status);
+    answer_.status = static_cast<int>(status);
+    return done;
+  }
+
+  HTTPAnswer takeAnswer() { return std::move(answer_); }
+
+  /// Where the answer leads, as a whole address; nothing for an answer that is no redirect.
+  std::optional<std::string> redirect() const {
+    char* url = nullptr;
+    if (!isRedirect(answer_.status) ||
+        curl_easy_getinfo(easy_, CURLINFO_REDIRECT_URL, &url) != CURLE_OK || !url) {
+      return std::nullopt;
+    }
+    return std::string(url);
+  }
+
+ private:
+  template <class Value>
+  bool set(CURLoption option, Value value) {
+    return curl_easy_setopt(easy_, option, value) == CURLE_OK;
+  }
+
+  bool configure(const std::string& url, const HostMap::Address* address, Milliseconds time) {
+    bool ok =
+        set(CURLOPT_URL, url.c_str()) && set(CURLOPT_PATH_AS_IS, 1L) &&
+        set(CURLOPT_PROTOCOLS_STR, kSchemes) && set(CURLOPT_USERAGENT, kUserAgent) &&
+        set(CURLOPT_DISALLOW_USERNAME_IN_URL, 1L) && set(CURLOPT_NOSIGNAL, 1L) &&
+        set(CURLOPT_TIMEOUT_MS, static_cast<long>(time.count())) && set(CURLOPT_QUICK_EXIT, 1L) &&
+        set(CURLOPT_WRITEFUNCTION, &Transfer::receiveBody) && set(CURLOPT_WRITEDATA, this) &&
+        set(CURLOPT_HEADERFUNCTION, &Transfer::receiveHeader) && set(CURLOPT_HEADERDATA, this);
+    if (ok && address) {
+      connectTo_.reset(curl_slist_append(nullptr, ("::" + address->text()).c_str()));
+      ok = connectTo_ && set(CURLOPT_CONNECT_TO, connectTo_.get()) && set(CURLOPT_PROXY, "");
+    }
+    return ok && curl_multi_add_handle(multi_, easy_) == CURLM_OK;
+  }
+
+  bool wait() {
+    int running = 1;
+    while (!client_.isStopped()) {
+      if (curl_multi_perform(multi_, &running) != CURLM_OK) {
+        return false;
+      }
+      if (running == 0) {
+        int left = 0;
+        const auto* message = curl_multi_info_read(multi_, &left);
+        return message && message->msg == CURLMSG_DONE && message->data.result == CURLE_OK;
+      }
+      constexpr int kLongestWait = 1000;
+      if (curl_multi_poll(multi_, nullptr, 0, kLongestWait, nullptr) != CURLM_OK) {
+        return false;
+      }
+    }
+    return false;
+  }
+
+  static std::size_t receiveBody(char* data, std::size_t size, std::size_t count, void* self) {
+    auto& transfer = *static_cast<Transfer*>(self);
+    const std::size_t length = size * count;
+    if (length > transfer.mostBytes_ - transfer.answer_.body.size()) {
+      return 0;  // ends the transfer
+    }
+    transfer.answer_.body.append(data, length);
+    return length;
+  }
+
+  static std::size_t receiveHeader(char* data, std::size_t size, std::size_t count, void* self) {
+    auto& headers = static_cast<Transfer*>(self)->answer_.headers;
+    const std::string_view line(data, size * count);
+    if (line.starts_with("HTTP/")) {
+      headers.clear();  // what was before were headers of an interim answer
+    }
+    const auto colon = line.find(':');
+    if (colon != std::string_view::npos && headers.size() < kMostHeaders) {
+      headers.emplace_back(lowered(line.substr(0, colon)), trimmed(line.substr(colon + 1)));
+    }
+    return line.size();
+  }
+
+  HTTPClient& client_;
+  const std::size_t mostBytes_;
+  CURLM* multi_;
+  CURL* easy_;
+  std::unique_ptr<curl_slist, FreeList> connectTo_;
+  HTTPAnswer answer_;
+};
+
+std::optional<std::string> HTTPAnswer::header(std::string_view name) const {
+  const auto found = std::ranges::find(headers.rbegin(), headers.rend(), name,
+                                       &std::pair<std::string, std::string>::first);
+  return found == headers.rend() ? std::nullopt : std::optional(found->second);
+}
+
+HTTPClient::HTTPClient(HostMap hosts, Unmapped unmapped)
+    : hosts_(std::move(hosts)), unmapped_(unmapped) {
+  static std::once_flag initialized;
+  std::call_once(initialized, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
+}
+
+std::optional<HTTPAnswer> HTTPClient::get(const std::string& url, const HTTPLimits& limits) {
+  const auto deadline = Clock::now() + limits.time;
+  std::string next = url;
+  for (int redirects = 0; redirects <= limits.redirects; ++redirects) {
+    const auto host = hostOf(next);
+    const auto* address = host ? hosts_.find(*host) : nullptr;
+    const auto left = std::chrono::ceil<Milliseconds>(deadline - Clock::now());
+    if (!host || (!address && unmapped_ == Unmapped::kUnreachable) || left.count() <= 0) {
+      return std::nullopt;
+    }
+    Transfer transfer(*this, limits.bytes);
+    if (!transfer.run(next, address, left)) {
+      return std::nullopt;
+    }
+    auto target = transfer.redirect();
+    if (!target) {
+      return transfer.takeAnswer();
+    }
+    next = std::move(*target);
+  }
+  return std::nullopt;
+}
+
+void HTTPClient::stop() {
+  const std::lock_guard lock(mutex_);
+  stopped_ = true;
+  for (void* transfers : running_) {
+    curl_multi_wakeup(static_cast<CURLM*>(transfers));
+  }
+}
+
+bool HTTPClient::isStopped() {
+  const std::lock_guard lock(mutex_);
+  return stopped_;
+}
+
+bool HTTPClient::enter(void* transfers) {
+  const std::lock_guard lock(mutex_);
+  return !stopped_ && running_.insert(transfers).second;
+}
+
+void HTTPClient::leave(void* transfers) {
+  const std::lock_guard lock(mutex_);
+  running_.erase(transfers);
+}

@@ -1,0 +1,126 @@
+import QtQuick
+import QtWebEngine
+import QuietDial.Settings
+
+// One page in the web engine, as high as it is, so that nothing of it scrolls. It keeps nothing, runs
+// no script, opens nothing and asks for nothing; a link is opened in the user's browser.
+WebEngineView {
+    id: page
+
+    property WebViewItem view: null
+    property bool loaded: false
+
+    function begin() {
+        if (view.isAskedByEngine)
+            url = view.url;
+        else if (view.fetchedPage.length > 0)
+            loadHtml(view.fetchedPage, view.url);
+    }
+    function tellHeight() {
+        if (!loaded || contentsSize.height <= 0)
+            return;
+        if (view.loading)
+            view.pageLoaded(contentsSize.height);
+        else
+            view.heightChanged(contentsSize.height);
+    }
+
+    Connections {
+        target: page.view
+        function onPageFetched() {
+            page.begin();
+        }
+    }
+    profile: WebEngineProfile {
+        offTheRecord: true
+        httpCacheType: WebEngineProfile.NoCache
+        persistentCookiesPolicy: WebEngineProfile.NoPersistentCookies
+        spellCheckEnabled: false
+        onDownloadRequested: download => download.cancel()
+    }
+    settings {
+        javascriptEnabled: false
+        javascriptCanOpenWindows: false
+        javascriptCanAccessClipboard: false
+        pluginsEnabled: false
+        pdfViewerEnabled: false
+        localStorageEnabled: false
+        localContentCanAccessFileUrls: false
+        localContentCanAccessRemoteUrls: false
+        allowRunningInsecureContent: false
+        allowGeolocationOnInsecureOrigins: false
+        autoLoadIconsForPage: false
+        touchIconsEnabled: false
+        dnsPrefetchEnabled: false
+        hyperlinkAuditingEnabled: false
+        errorPageEnabled: false
+        focusOnNavigationEnabled: false
+        fullScreenSupportEnabled: false
+        screenCaptureEnabled: false
+        webGLEnabled: false
+        accelerated2dCanvasEnabled: false
+        navigateOnDropEnabled: false
+        playbackRequiresUserGesture: true
+        showScrollBars: false
+    }
+    backgroundColor: "white"
+    audioMuted: true
+    activeFocusOnPress: false
+
+    onViewChanged: begin()
+    onContentsSizeChanged: {
+        if (view)
+            view.laidOutWidth = contentsSize.width;
+        tellHeight();
+    }
+    onLoadingChanged: info => {
+        if (info.status === WebEngineView.LoadStartedStatus)
+            return;
+        const isAnswer = info.errorDomain === WebEngineView.HttpStatusCodeDomain;
+        const isGood = !isAnswer || (info.errorCode >= 200 && info.errorCode <= 299);
+        if (info.status === WebEngineView.LoadSucceededStatus && isGood) {
+            loaded = true;
+            tellHeight();
+        } else {
+            view.pageFailed();
+        }
+    }
+    onNavigationRequested: request => {
+        const isOurs = request.navigationType === WebEngineNavigationRequest.TypedNavigation;
+        const isOnward = request.navigationType === WebEngineNavigationRequest.RedirectNavigation
+                       || !request.isMainFrame;
+        if (isOurs || (isOnward && !loaded && request.url.toString().startsWith("http")))
+            return;
+        request.reject();
+        if (request.navigationType === WebEngineNavigationRequest.LinkClickedNavigation)
+            view.openOutside(request.url);
+    }
+    onNewWindowRequested: request => {
+        if (request.userInitiated)
+            view.openOutside(request.requestedUrl);
+    }
+    onRenderProcessTerminated: {
+        if (view.loading)
+            view.pageFailed();
+        else
+            view.engineFailed();
+    }
+    onFeaturePermissionRequested: (origin, feature) => grantFeaturePermission(origin, feature, false)
+    onCertificateError: error => error.rejectCertificate()
+    onAuthenticationDialogRequested: request => {
+        request.accepted = true;
+        request.dialogReject();
+    }
+    onFileDialogRequested: request => {
+        request.accepted = true;
+        request.dialogReject();
+    }
+    onColorDialogRequested: request => {
+        request.accepted = true;
+        request.dialogReject();
+    }
+    onRegisterProtocolHandlerRequested: request => request.reject()
+    onContextMenuRequested: request => request.accepted = true
+    onTooltipRequested: request => request.accepted = true
+    onQuotaRequested: request => request.reject()
+}
