@@ -2,22 +2,25 @@
 
 #include <QString>
 #include <QUrl>
+#include <memory>
 
-#include "settings/LayerContents.h"
 #include "settings/ViewItem.h"
+
+class CGImage;
 
 /// Shows a UIImageView.
 class ImageItem : public ViewItem {
   Q_OBJECT
   QML_ELEMENT
-  /// The picture's pixels, where the view has them.
-  Q_PROPERTY(PixelsHandle contents READ contents NOTIFY lookChanged)
-  /// The picture's file otherwise; empty for no picture.
+  /// The picture's file, where the view has no pixels; empty for no picture.
   Q_PROPERTY(QUrl source READ source NOTIFY lookChanged)
 
  public:
+  using PixelsHandle = std::shared_ptr<const CGImage>;
+
   using ViewItem::ViewItem;
 
+  /// The picture's pixels, where the view has them.
   const PixelsHandle& contents() const { return contents_; }
   QUrl source() const { return source_; }
 

@@ -18,7 +18,7 @@ ImageItem {
     }
     LayerContents {
         anchors.fill: parent
-        contents: view.contents
+        view: view
     }
     TapRecognizer {
         view: view
