@@ -131,7 +131,8 @@ void SettingsWindow::settle() {
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     mirror_.commit();
   } while ((mirror_.isPending() || !GlobalQueue::shared().isIdle() ||
-            anyOf(content, isLoadingPicture) || anyOf(content, isBusyPage)) &&
+            !MainQueue::shared().isIdle() || anyOf(content, isLoadingPicture) ||
+            anyOf(content, isBusyPage)) &&
            !time.hasExpired(kLongestSettling));
   if (anyOf(content, isEnginePage)) {
     // The engine draws what it has loaded a little later, in frames of its own.
