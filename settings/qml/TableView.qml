@@ -9,6 +9,10 @@ TableItem {
     scrolling: flickable.moving
     Accessible.role: Accessible.List
     onRevealRequested: (y, height) => {
+        // A row that is higher than the list is in sight as long as any of it is.
+        const shown = y < flickable.contentY + flickable.height && y + height > flickable.contentY;
+        if (height > flickable.height && shown)
+            return;
         const room = Math.min(flickable.height / 2, height);
         const top = Math.max(0, y - room);
         const bottom = y + height + room - flickable.height;

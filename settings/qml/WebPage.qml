@@ -65,7 +65,6 @@ WebEngineView {
     }
     backgroundColor: "white"
     audioMuted: true
-    activeFocusOnPress: false
 
     onViewChanged: begin()
     onContentsSizeChanged: {

@@ -56,7 +56,8 @@ void PaneTest::settle() {
     GlobalQueue::shared().waitUntilIdle();
     MainQueue::shared().drain();
     layOut();
-  } while (!GlobalQueue::shared().isIdle());
+    // In this order: once the background is idle nobody else adds to the main queue.
+  } while (!GlobalQueue::shared().isIdle() || !MainQueue::shared().isIdle());
 }
 
 std::shared_ptr<UITableViewCell> PaneTest::cellAt(PSListController& pane, int index) {

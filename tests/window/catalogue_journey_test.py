@@ -50,6 +50,9 @@ class CatalogueJourney(unittest.TestCase):
     def press(self, application, role, name):
         application.wait_for(role, name).queryAction().doAction(0)
 
+    def page_place(self, application):
+        return application.place(application.wait_for("document web", "Web page"))
+
     def settings(self):
         try:
             with open(os.path.join(self.root, program.SETTINGS_FILE), "rb") as file:
@@ -86,8 +89,7 @@ class CatalogueJourney(unittest.TestCase):
                 application = self.start(server, "--size", f"{width}x600")
                 self.press(application, "push button", "More Tweaks, 1")
                 desktop.wait_for(
-                    lambda: (page := application.find("document web", "Web page"))
-                    and application.place(page)[2:] == (width, height),
+                    lambda: self.page_place(application)[2:] == (width, height),
                     f"a page {width} wide and {height} high")
                 application.close()
                 os.remove(os.path.join(self.root, program.SETTINGS_FILE))
@@ -130,6 +132,55 @@ class CatalogueJourney(unittest.TestCase):
         application.wait_for("push button", "More Tweaks")
         self.assertEqual({line for line, _ in server.requests()}, expected)
         self.assertEqual(other.requests(), [])
+
+    def test_a_link_opens_in_the_browser_and_the_list_scrolls_over_the_page(self):
+        opened = os.path.join(self.root, "opened")
+        handler = os.path.join(self.root, "xdg-open")
+        with open(handler, "w", encoding="utf-8") as file:
+            file.write(f'#!/bin/sh\necho "$1" >>{opened}\n')
+        os.chmod(handler, 0o755)
+        page = os.path.join(self.root, "page.html")
+        with open(page, "w", encoding="utf-8") as file:
+            file.write("""<!DOCTYPE html><style>body{margin:0}a{display:block;height:300px;background:#0a0}
+div{height:1700px}</style><a href="https://other.example/a?b=c%7Cd">x</a><div></div>""")
+        server = self.serve("com.a", arguments=["--page", page])
+        former = os.environ["PATH"]
+        os.environ["PATH"] = f"{self.root}:{former}"
+        self.addCleanup(os.environ.__setitem__, "PATH", former)
+        application = self.start(server)
+        self.press(application, "push button", "More Tweaks, 1")
+        application.wait_for("document web", "Web page")
+        desktop.wait_for(lambda: self.page_place(application)[3] == 2000,
+                         "the page to be measured")
+        x, y, width, _ = self.page_place(application)
+
+        def click():
+            # The engine draws, and is pressed, a moment after it has loaded.
+            desktop.xdotool("mousemove", x + width // 2, y + 150, "click", 1)
+            return os.path.exists(opened)
+        desktop.wait_for(click, "the link to be opened")
+        with open(opened, encoding="utf-8") as file:
+            self.assertEqual(file.readline(), "https://other.example/a?b=c%7Cd\n")
+        self.assertEqual(len(server.requests()), 3)
+        desktop.xdotool("click", 5, "click", 5)
+        desktop.wait_for(lambda: self.page_place(application)[1] < y - 50,
+                         "the list to be scrolled by the wheel")
+        y = self.page_place(application)[1]
+        desktop.xdotool("mousemove", x + width // 2, 500, "mousedown", 1)
+        for step in range(460, 200, -40):
+            desktop.xdotool("mousemove", x + width // 2, step)
+        desktop.xdotool("mouseup", 1)
+        desktop.wait_for(lambda: self.page_place(application)[1] < y - 50,
+                         "the list to be dragged")
+
+    def test_an_identifier_goes_over_the_wire_as_it_was_encoded(self):
+        server = self.serve("a'b c|d&e", "[x]")
+        application = self.start(server)
+        self.press(application, "push button", "More Tweaks, 3")
+        application.wait_for("document web", "Web page")
+        page = f"GET {BASE}&unseen=a'b%20c%7Cd&e%7C[x] HTTP/1.1"
+        desktop.wait_for(lambda: [line for line, _ in server.requests()] == [f"GET {BASE}&list=1 HTTP/1.1", page, page],
+                         "two loads of the page")
 
     def test_a_page_that_is_not_there_leaves_the_wheel(self):
         server = self.serve("com.a", arguments=["--page-fault", "status=404"])

@@ -9,6 +9,7 @@
 #include "core/preferenceStore.h"
 #include "headless/drainAllQueues.h"
 #include "platform/foundation/GlobalQueue.h"
+#include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/services.h"
 #include "platform/uikit/UIApplication.h"
@@ -393,7 +394,8 @@ void DriveSession::settle() {
       options_.exchangeNotifications();
     }
     layOut();
-  } while (!GlobalQueue::shared().isIdle());
+    // In this order: once the background is idle nobody else adds to the main queue.
+  } while (!GlobalQueue::shared().isIdle() || !MainQueue::shared().isIdle());
 }
 
 void DriveSession::layOut() {
