@@ -254,6 +254,9 @@ std::shared_ptr<UIImage> FLAnimatedImage::predrawnImageAtIndex(NSUInteger index)
 
 std::shared_ptr<UIImage> FLAnimatedImage::predrawnImageFromImage(
     const std::shared_ptr<UIImage>& image) {
+  if (!image->CGImage()) {
+    return image;
+  }
   constexpr std::size_t kBitsPerComponent = 8;
   const auto space = CGColorSpace::createDeviceRGB();
   const CGSize size = image->size();

@@ -4,7 +4,10 @@
 #include "animated/FLAnimatedImageView.h"
 #include "animated/FLWeakProxy.h"
 #include "core/export.h"
+#include "extras/QDCreditsListController.h"
 #include "extras/QDPromotionController.h"
+#include "extras/QDSoftwareCreditsController.h"
+#include "extras/QDSupportListController.h"
 #include "platform/foundation/ClassDescription.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "prefix/prefixTableCell.h"
@@ -18,11 +21,14 @@
 
 namespace {
 
-constexpr std::array<const ClassDescription*, 13> kClasses{
+constexpr std::array<const ClassDescription*, 16> kClasses{
     &FLAnimatedImage::classObject,
     &FLAnimatedImageView::classObject,
     &FLWeakProxy::classObject,
     &QDPreferencesListController::classObject,
+    &QDSupportListController::classObject,
+    &QDCreditsListController::classObject,
+    &QDSoftwareCreditsController::classObject,
     &QDCountryPrefixController::classObject,
     &prefixTableCell::classObject,
     &QDPromotionController::classObject,

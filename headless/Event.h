@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/foundation/PropertyList.h"
+#include "platform/messageui/MailMessage.h"
 #include "platform/services.h"
 
 /// One thing that the panes asked of the machine.
@@ -84,7 +85,13 @@ struct PresentComposeEvent {
   bool operator==(const PresentComposeEvent&) const = default;
 };
 
-enum class SheetKind { kCompose };
+struct PresentMailEvent {
+  MailMessage message;
+  Presenter from = Presenter::kPane;
+  bool operator==(const PresentMailEvent&) const = default;
+};
+
+enum class SheetKind { kCompose, kMail };
 
 struct DismissEvent {
   SheetKind sheet = SheetKind::kCompose;
@@ -98,4 +105,4 @@ struct LogEvent {
 
 using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, FetchEvent, LoadStartEvent,
                            LoadFinishEvent, CanOpenEvent, OpenEvent, AlertEvent,
-                           PresentComposeEvent, DismissEvent, LogEvent>;
+                           PresentComposeEvent, PresentMailEvent, DismissEvent, LogEvent>;

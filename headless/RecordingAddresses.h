@@ -16,6 +16,7 @@ class RecordingAddresses : public AddressOpener {
   RecordingAddresses(std::shared_ptr<Recorder> recorder, std::set<std::string> schemes,
                      std::shared_ptr<AddressOpener> next);
 
+  void addScheme(const std::string& scheme) { schemes_.insert(scheme); }
   bool canOpen(const std::string& url) override;
   void open(const std::string& url) override;
 

@@ -22,3 +22,8 @@ bool RecordingFiles::writeToFileAtomically(const PropertyListDictionary& diction
   recorder_->record(WriteEvent{path, dictionary, ok});
   return ok;
 }
+
+std::optional<PropertyListData> RecordingFiles::dataWithPropertyList(
+    const PropertyListDictionary& dictionary) const {
+  return files_->dataWithPropertyList(dictionary);
+}

@@ -15,6 +15,8 @@ class RecordingFiles : public FileService {
       const std::string& path) const override;
   bool writeToFileAtomically(const PropertyListDictionary& dictionary,
                              const std::string& path) override;
+  std::optional<PropertyListData> dataWithPropertyList(
+      const PropertyListDictionary& dictionary) const override;
 
  private:
   std::shared_ptr<FileService> files_;

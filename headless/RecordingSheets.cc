@@ -25,17 +25,26 @@ void RecordingSheets::present(UIViewController& presenter,
     recorder_->record(PresentComposeEvent{compose->serviceType(), compose->text(),
                                           compose->images().size(), kindOf(presenter)});
     shown_.emplace_back(compose);
+  } else if (const auto mail = cast<MFMailComposeViewController>(sheet)) {
+    recorder_->record(PresentMailEvent{mail->message(), kindOf(presenter)});
+    shown_.emplace_back(mail);
   }
 }
 
 void RecordingSheets::dismiss(UIViewController& sheet) {
-  const auto erased = std::erase_if(shown_, [&](const Sheet& shown) {
-    const auto* compose = std::get_if<std::shared_ptr<SLComposeViewController>>(&shown);
-    return compose && compose->get() == &sheet;
+  const auto found = std::ranges::find_if(shown_, [&](const Sheet& shown) {
+    return std::visit(
+        [&](const auto& object) {
+          return static_cast<const NSObject*>(object.get()) == static_cast<NSObject*>(&sheet);
+        },
+        shown);
   });
-  if (erased > 0) {
-    recorder_->record(DismissEvent{SheetKind::kCompose});
+  if (found == shown_.end()) {
+    return;
   }
+  const bool isMail = std::holds_alternative<std::shared_ptr<MFMailComposeViewController>>(*found);
+  shown_.erase(found);
+  recorder_->record(DismissEvent{isMail ? SheetKind::kMail : SheetKind::kCompose});
 }
 
 void RecordingSheets::show(const std::shared_ptr<UIAlertView>& alert) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "headless/Recorder.h"
+#include "platform/messageui/MFMailComposeViewController.h"
 #include "platform/services.h"
 #include "platform/social/SLComposeViewController.h"
 #include "platform/uikit/UIAlertView.h"
@@ -13,7 +14,8 @@
 class RecordingSheets : public SheetPresenter {
  public:
   using Sheet =
-      std::variant<std::shared_ptr<SLComposeViewController>, std::shared_ptr<UIAlertView>>;
+      std::variant<std::shared_ptr<SLComposeViewController>,
+                   std::shared_ptr<MFMailComposeViewController>, std::shared_ptr<UIAlertView>>;
 
   explicit RecordingSheets(std::shared_ptr<Recorder> recorder);
 

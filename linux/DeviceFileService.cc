@@ -8,6 +8,17 @@
 #include "linux/propertylist/PropertyListSerialization.h"
 #include "linux/readFile.h"
 
+namespace {
+
+PropertyListData dataFrom(std::string_view bytes) {
+  PropertyListData data(bytes.size());
+  std::ranges::transform(bytes, data.begin(),
+                         [](char byte) { return static_cast<std::byte>(byte); });
+  return data;
+}
+
+}  // namespace
+
 DeviceFileService::DeviceFileService(std::shared_ptr<const DevicePaths> paths)
     : paths_(std::move(paths)) {}
 
@@ -18,10 +29,7 @@ std::optional<PropertyListData> DeviceFileService::dataWithContentsOfFile(
   if (contents.outcome != FileContents::Outcome::kRead) {
     return std::nullopt;
   }
-  PropertyListData data(contents.bytes.size());
-  std::ranges::transform(contents.bytes, data.begin(),
-                         [](char byte) { return static_cast<std::byte>(byte); });
-  return data;
+  return dataFrom(contents.bytes);
 }
 
 std::optional<PropertyListDictionary> DeviceFileService::dictionaryWithContentsOfFile(
@@ -40,4 +48,10 @@ bool DeviceFileService::writeToFileAtomically(const PropertyListDictionary& dict
     return dictionaryFromBytes(old).has_value();
   };
   return bytes && AtomicFile(*host, kPropertyListFileBound, isDictionary).replace(*bytes);
+}
+
+std::optional<PropertyListData> DeviceFileService::dataWithPropertyList(
+    const PropertyListDictionary& dictionary) const {
+  const auto bytes = bytesFromPropertyList(dictionary);
+  return bytes ? std::optional(dataFrom(*bytes)) : std::nullopt;
 }

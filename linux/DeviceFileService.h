@@ -18,6 +18,8 @@ class DeviceFileService final : public FileService {
       const std::string& path) const override;
   bool writeToFileAtomically(const PropertyListDictionary& dictionary,
                              const std::string& path) override;
+  std::optional<PropertyListData> dataWithPropertyList(
+      const PropertyListDictionary& dictionary) const override;
 
  private:
   std::shared_ptr<const DevicePaths> paths_;

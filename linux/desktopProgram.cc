@@ -11,15 +11,17 @@
 #include <unistd.h>
 #include <utility>
 
+#include <sys/mman.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 
 #include "linux/FileDescriptor.h"
 
 namespace {
 
-// Its process identifier; nothing when it could not be started. Its output goes to `output`, or
-// nowhere when that is negative.
-std::optional<pid_t> start(const std::vector<std::string>& arguments, int output) {
+// Its process identifier; nothing when it could not be started. It reads from `input` and its
+// output goes to `output`; negative is nothing and nowhere.
+std::optional<pid_t> start(const std::vector<std::string>& arguments, int input, int output) {
   std::vector<char*> vector;
   vector.reserve(arguments.size() + 1);
   for (const auto& argument : arguments) {
@@ -29,7 +31,11 @@ std::optional<pid_t> start(const std::vector<std::string>& arguments, int output
 
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  if (input >= 0) {
+    posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
+  } else {
+    posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+  }
   if (output >= 0) {
     posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
   } else {
@@ -53,6 +59,40 @@ int collect(pid_t pid) {
   while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
   }
   return status;
+}
+
+// Whether the process has ended by then; it is still to be collected.
+bool endsInTime(pid_t pid, std::chrono::milliseconds patience) {
+  const FileDescriptor process(static_cast<int>(syscall(SYS_pidfd_open, pid, 0)));
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  int ready = -1;
+  do {
+    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+        deadline - std::chrono::steady_clock::now());
+    pollfd ended{process.get(), POLLIN, 0};
+    ready = poll(&ended, 1, static_cast<int>(std::max<long>(left.count(), 0)));
+  } while (ready < 0 && errno == EINTR);
+  return ready > 0;
+}
+
+bool hasSucceeded(int status) {
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+// The bytes as a file without a name, at its start.
+FileDescriptor fileWith(std::string_view bytes) {
+  FileDescriptor file(memfd_create("input", MFD_CLOEXEC));
+  while (file && !bytes.empty()) {
+    const ssize_t count = write(file.get(), bytes.data(), bytes.size());
+    if (count < 0 && errno != EINTR) {
+      return FileDescriptor();
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  }
+  if (file && lseek(file.get(), 0, SEEK_SET) != 0) {
+    return FileDescriptor();
+  }
+  return file;
 }
 
 // Reads until the other end closes. False when time ran out or the bound was passed.
@@ -94,7 +134,7 @@ std::optional<std::string> outputOfDesktopProgram(const std::vector<std::string>
   }
   const FileDescriptor reading(ends[0]);
   FileDescriptor writing(ends[1]);
-  const auto pid = start(arguments, writing.get());
+  const auto pid = start(arguments, -1, writing.get());
   writing.close();
   if (!pid) {
     return std::nullopt;
@@ -106,12 +146,38 @@ std::optional<std::string> outputOfDesktopProgram(const std::vector<std::string>
     kill(-*pid, SIGKILL);  // with whatever it started: the session is its own
   }
   const int status = collect(*pid);
-  return whole && WIFEXITED(status) && WEXITSTATUS(status) == 0 ? std::optional(std::move(text))
-                                                                : std::nullopt;
+  return whole && hasSucceeded(status) ? std::optional(std::move(text)) : std::nullopt;
+}
+
+bool feedDesktopProgram(const std::vector<std::string>& arguments, std::string_view input,
+                        std::chrono::milliseconds patience) {
+  const auto file = fileWith(input);
+  const auto pid = file ? start(arguments, file.get(), -1) : std::nullopt;
+  if (!pid) {
+    return false;
+  }
+  const bool ended = endsInTime(*pid, patience);
+  if (!ended) {
+    kill(-*pid, SIGKILL);
+  }
+  return hasSucceeded(collect(*pid)) && ended;
+}
+
+bool launchDesktopProgram(const std::vector<std::string>& arguments,
+                          std::chrono::milliseconds patience) {
+  const auto pid = start(arguments, -1, -1);
+  if (!pid) {
+    return false;
+  }
+  if (endsInTime(*pid, patience)) {
+    return hasSucceeded(collect(*pid));
+  }
+  std::thread(collect, *pid).detach();
+  return true;
 }
 
 bool startDesktopProgram(const std::vector<std::string>& arguments) {
-  const auto pid = start(arguments, -1);
+  const auto pid = start(arguments, -1, -1);
   if (!pid) {
     return false;
   }

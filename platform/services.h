@@ -14,6 +14,7 @@
 class UIAlertView;
 class UIViewController;
 class UIWebView;
+struct MailMessage;
 struct UIFont;
 
 /// What only a machine can give. A program installs one set of services before it makes the first
@@ -44,6 +45,10 @@ class FileService {
   /// write failed; the old file is then untouched.
   virtual bool writeToFileAtomically(const PropertyListDictionary& dictionary,
                                      const std::string& path) = 0;
+
+  /// The bytes of a property-list file with that dictionary; nothing where no file can hold it.
+  virtual std::optional<PropertyListData> dataWithPropertyList(
+      const PropertyListDictionary& dictionary) const = 0;
 };
 
 /// The two calls by which a Darwin notification is posted. They reach the same observers.
@@ -114,6 +119,28 @@ class SheetPresenter {
   virtual void show(const std::shared_ptr<UIAlertView>& alert) = 0;
 };
 
+/// What this machine has for mail.
+class MailService {
+ public:
+  virtual ~MailService() = default;
+  /// Whether there is anything that mail could be handed to.
+  virtual bool canSend() = 0;
+  /// Hands the mail over. False when it was refused or nothing took it in time; it may take as long
+  /// as a minute. Any thread, one call at a time.
+  virtual bool send(const MailMessage& message) = 0;
+  /// Keeps the mail as a file that mail programs open. Where it lies on this machine; nothing when
+  /// it could not be written. Any thread, one call at a time.
+  virtual std::optional<std::string> saveDraft(const MailMessage& message) = 0;
+};
+
+/// What may be told of this machine to those who support it: what kind it is and which programs it
+/// runs. Nothing that tells whose it is: no names of users, hosts or files, no numbers of devices.
+class DeviceInformationService {
+ public:
+  virtual ~DeviceInformationService() = default;
+  virtual PropertyListDictionary deviceInformation() = 0;
+};
+
 /// Fetching texts over HTTP. Any thread; a call returns when the answer is there or will not come.
 class FetchService {
  public:
@@ -151,6 +178,8 @@ struct Services {
   std::shared_ptr<TextMeasurer> text;
   std::shared_ptr<PictureService> pictures;
   std::shared_ptr<SheetPresenter> sheets;
+  std::shared_ptr<MailService> mail;
+  std::shared_ptr<DeviceInformationService> device;
   std::shared_ptr<FetchService> fetches;
   std::shared_ptr<WebViewService> webViews;
   std::shared_ptr<DisplayRefresh> displayRefresh;

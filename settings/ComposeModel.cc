@@ -1,8 +1,12 @@
 #include "settings/ComposeModel.h"
 
+#include <QUrl>
+#include <string>
 #include <utility>
 
+#include "platform/makers/addresses.h"
 #include "platform/social/SLComposeViewController.h"
+#include "platform/uikit/UIApplication.h"
 
 ComposeModel::ComposeModel(std::shared_ptr<SLComposeViewController> sheet)
     : sheet_(std::move(sheet)) {}
@@ -21,6 +25,10 @@ void ComposeModel::edit(const QString& text) {
 
 void ComposeModel::post() {
   const auto sheet = sheet_;
+  // The service's own form takes the text, and the user's account with it.
+  const QByteArray text = QUrl::toPercentEncoding(QString::fromStdString(sheet->text()));
+  UIApplication::sharedApplication().openURL("https://" + std::string(addresses::kTwitterHost) +
+                                             "/intent/tweet?text=" + text.toStdString());
   sheet->finish(SLComposeViewControllerResult::kDone);
 }
 

@@ -24,7 +24,8 @@ class ComposeModel : public QObject {
 
   /// The user has changed the text.
   Q_INVOKABLE void edit(const QString& text);
-  /// Both end the sheet; nothing of it may be used afterwards.
+  /// Both end the sheet; nothing of it may be used afterwards. Posting opens the service's form for
+  /// the text in the browser.
   Q_INVOKABLE void post();
   Q_INVOKABLE void cancel();
 

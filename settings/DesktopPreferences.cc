@@ -69,7 +69,8 @@ void DesktopPreferences::ask(const QString& group, const QString& key) {
   connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, group, key, watcher] {
     watcher->deleteLater();
     const QDBusPendingReply<QDBusVariant> reply = *watcher;
-    if (reply.isValid()) {
+    // What was told by itself in the meantime is newer than the answer.
+    if (reply.isValid() && !told_.contains(group + key)) {
       take(group, key, reply.value().variant());
     }
   });
@@ -77,6 +78,7 @@ void DesktopPreferences::ask(const QString& group, const QString& key) {
 
 void DesktopPreferences::settingChanged(const QString& group, const QString& key,
                                         const QDBusVariant& value) {
+  told_.insert(group + key);
   take(group, key, value.variant());
 }
 

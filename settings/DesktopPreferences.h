@@ -2,6 +2,7 @@
 
 #include <QDBusVariant>
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <optional>
 
@@ -28,6 +29,7 @@ class DesktopPreferences : public QObject {
   void take(const QString& group, const QString& key, const QVariant& value);
   void tell() const;
 
+  QSet<QString> told_;  // groups and keys that the portal has told by itself
   std::optional<bool> prefersDark_;
   bool reducesMotion_ = false;
   bool animates_ = true;

@@ -1,6 +1,7 @@
 #include "settings/LabelItem.h"
 
 #include "platform/uikit/UILabel.h"
+#include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "settings/SpokenText.h"
 #include "settings/SystemFont.h"
 
@@ -20,6 +21,8 @@ void LabelItem::takeOverLook() {
   font_ = system_font::font(label.font());
   textColor_ = toQColor(label.textColor());
   lines_ = label.numberOfLines();
+  // Headers and footers are as high as their text.
+  shrinks_ = lines_ == 0 && !cast<UITableViewHeaderFooterView>(label.superview());
   switch (label.textAlignment()) {
     case NSTextAlignment::kCenter:
       alignment_ = Qt::AlignHCenter;

@@ -15,6 +15,8 @@ class LabelItem : public ViewItem {
   Q_PROPERTY(int alignment READ alignment NOTIFY lookChanged)
   /// 0 for any number.
   Q_PROPERTY(int lines READ lines NOTIFY lookChanged)
+  /// Whether a text that is too long for its place is set smaller before any of it is cut.
+  Q_PROPERTY(bool shrinks READ shrinks NOTIFY lookChanged)
 
  public:
   using ViewItem::ViewItem;
@@ -24,6 +26,7 @@ class LabelItem : public ViewItem {
   QColor textColor() const { return textColor_; }
   int alignment() const { return alignment_; }
   int lines() const { return lines_; }
+  bool shrinks() const { return shrinks_; }
 
   QAccessible::Role accessibleRole() const override;
   QString accessibleName() const override;
@@ -37,4 +40,5 @@ class LabelItem : public ViewItem {
   QColor textColor_;
   int alignment_ = Qt::AlignLeft;
   int lines_ = 1;
+  bool shrinks_ = false;
 };

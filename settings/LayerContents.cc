@@ -12,14 +12,29 @@ LayerContents::LayerContents(QQuickItem* parent) : QQuickItem(parent) {
   setFlag(ItemHasContents);
 }
 
-void LayerContents::setContents(const PixelsHandle& contents) {
+void LayerContents::setView(ImageItem* view) {
+  if (view == view_) {
+    return;
+  }
+  if (view_) {
+    view_->disconnect(this);
+  }
+  view_ = view;
+  if (view_) {
+    connect(view_, &ImageItem::lookChanged, this, &LayerContents::takeOverContents);
+  }
+  takeOverContents();
+  emit viewChanged();
+}
+
+void LayerContents::takeOverContents() {
+  const auto contents = view_ ? view_->contents() : nullptr;
   if (contents == contents_) {
     return;
   }
   contents_ = contents;
   stale_ = true;
   update();
-  emit contentsChanged();
 }
 
 QSGNode* LayerContents::updatePaintNode(QSGNode* node, UpdatePaintNodeData* /*data*/) {

@@ -1,36 +1,36 @@
 #pragma once
 
-#include <QMetaType>
+#include <QPointer>
 #include <QQuickItem>
-#include <memory>
 #include <qqmlintegration.h>
 
-class CGImage;
+#include "settings/ImageItem.h"
 
-using PixelsHandle = std::shared_ptr<const CGImage>;
-Q_DECLARE_METATYPE(PixelsHandle)
-
-/// The picture in a view's layer, scaled to the item. The software renderer draws it from the
-/// frameworks' own pixels, without a copy of them.
+/// The picture in the layer of an image view, scaled to the item. The software renderer draws it
+/// from the frameworks' own pixels, without a copy of them. It is told of each picture by the
+/// view's item and not by a binding: the script engine would keep the pictures that went through it
+/// until it next collects its garbage, a whole animation's frames.
 class LayerContents : public QQuickItem {
   Q_OBJECT
   QML_ELEMENT
-  /// Null for nothing.
-  Q_PROPERTY(PixelsHandle contents READ contents WRITE setContents NOTIFY contentsChanged)
+  Q_PROPERTY(ImageItem* view READ view WRITE setView NOTIFY viewChanged)
 
  public:
   explicit LayerContents(QQuickItem* parent = nullptr);
 
-  const PixelsHandle& contents() const { return contents_; }
-  void setContents(const PixelsHandle& contents);
+  ImageItem* view() const { return view_; }
+  void setView(ImageItem* view);
 
  signals:
-  void contentsChanged();
+  void viewChanged();
 
  protected:
   QSGNode* updatePaintNode(QSGNode* node, UpdatePaintNodeData* data) override;
 
  private:
-  PixelsHandle contents_;
+  void takeOverContents();
+
+  QPointer<ImageItem> view_;
+  ImageItem::PixelsHandle contents_;
   bool stale_ = true;  // the node shows other contents
 };

@@ -88,11 +88,11 @@ Options Options::parse(const QStringList& arguments) {
   const QCommandLineOption screenshot(
       text("screenshot"), text("Write what is shown as a PNG file and end. Needs no display."),
       text("FILE"));
-  const QCommandLineOption tour(
-      text("tour"),
-      text("Write a PNG file of every pane and an index.html over them to this folder and end. "
-           "Needs no display."),
-      text("DIR"));
+  const QCommandLineOption tour(text("tour"),
+                                text("Write a PNG file of every pane and sheet and an index.html "
+                                     "over them to this folder and end. "
+                                     "Needs no display."),
+                                text("DIR"));
   const QCommandLineOption renderer(
       text("renderer"), text("How the window is drawn: software (default) or gpu."), text("NAME"));
   const QCommandLineOption mapHost(

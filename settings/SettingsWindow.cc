@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/foundation/DispatchQueue.h"
 #include "platform/foundation/GlobalQueue.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSListController.h"
@@ -130,9 +131,9 @@ void SettingsWindow::settle() {
     MainQueue::shared().drain();
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     mirror_.commit();
-  } while ((mirror_.isPending() || !GlobalQueue::shared().isIdle() ||
-            !MainQueue::shared().isIdle() || anyOf(content, isLoadingPicture) ||
-            anyOf(content, isBusyPage)) &&
+  } while ((mirror_.isPending() || !DispatchQueue::areAllIdle() ||
+            !GlobalQueue::shared().isIdle() || anyOf(content, isLoadingPicture) ||
+            anyOf(content, isBusyPage) || !MainQueue::shared().isIdle()) &&
            !time.hasExpired(kLongestSettling));
   if (anyOf(content, isEnginePage)) {
     // The engine draws what it has loaded a little later, in frames of its own.

@@ -8,6 +8,8 @@
 void Sheets::cancel() {
   if (alert()) {
     closeAlert();
+  } else if (mail()) {
+    mail()->cancel();
   } else if (compose()) {
     compose()->cancel();
   }
@@ -29,6 +31,11 @@ void Sheets::present(UIViewController& /*presenter*/,
     emit changed();
     return;
   }
+  if (auto mail = cast<MFMailComposeViewController>(sheet)) {
+    mail_ = std::make_unique<MailModel>(std::move(mail));
+    emit changed();
+    return;
+  }
   std::fprintf(stderr, "quietdial-settings: a sheet of the class %.*s cannot be shown\n",
                static_cast<int>(sheet->classDescription().name.size()),
                sheet->classDescription().name.data());
@@ -36,9 +43,12 @@ void Sheets::present(UIViewController& /*presenter*/,
 }
 
 void Sheets::dismiss(UIViewController& sheet) {
+  // A sheet's own button may still be on the stack.
   if (compose_ && &compose_->sheet() == &sheet) {
-    // Its own button may still be on the stack.
     compose_.release()->deleteLater();
+    emit changed();
+  } else if (mail_ && &mail_->sheet() == &sheet) {
+    mail_.release()->deleteLater();
     emit changed();
   }
 }

@@ -8,8 +8,10 @@
 #include "platform/services.h"
 #include "settings/AlertModel.h"
 #include "settings/ComposeModel.h"
+#include "settings/MailModel.h"
 
-/// What stands above the pages: alerts one after the other, and one sheet. Main thread.
+/// What stands above the pages: alerts one after the other, and one sheet of each kind. Main
+/// thread.
 class Sheets : public QObject, public SheetPresenter {
   Q_OBJECT
   QML_ELEMENT
@@ -18,14 +20,17 @@ class Sheets : public QObject, public SheetPresenter {
   Q_PROPERTY(AlertModel* alert READ alert NOTIFY changed)
   /// Null while none is shown.
   Q_PROPERTY(ComposeModel* compose READ compose NOTIFY changed)
+  /// Null while none is shown.
+  Q_PROPERTY(MailModel* mail READ mail NOTIFY changed)
 
  public:
   using QObject::QObject;
 
   AlertModel* alert() const { return alerts_.empty() ? nullptr : alerts_.front().get(); }
   ComposeModel* compose() const { return compose_.get(); }
+  MailModel* mail() const { return mail_.get(); }
 
-  bool isShowing() const { return alert() || compose(); }
+  bool isShowing() const { return alert() || mail() || compose(); }
   /// What Escape does: takes away what stands on top.
   void cancel();
 
@@ -44,4 +49,5 @@ class Sheets : public QObject, public SheetPresenter {
  private:
   std::deque<std::unique_ptr<AlertModel>> alerts_;
   std::unique_ptr<ComposeModel> compose_;
+  std::unique_ptr<MailModel> mail_;
 };

@@ -38,6 +38,9 @@ class TableItem : public ViewItem {
   QAccessible::Role accessibleRole() const override { return QAccessible::List; }
   QString accessibleName() const override;
 
+  /// Brings the row that the keyboard is in into sight.
+  Q_INVOKABLE void revealFocus() { followFocus(); }
+
  signals:
   void scrollingChanged();
   /// The keyboard has gone to what lies there in the list.

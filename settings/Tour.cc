@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "headless/RecordingMail.h"
 #include "platform/preferences/PSListController.h"
 #include "settings/BundleFailureController.h"
 #include "settings/HeldBackController.h"
@@ -43,9 +44,10 @@ QString Tour::Look::name() const {
                                                      : QStringLiteral("largetext"));
 }
 
-Tour::Tour(WindowMaker makeWindow, Sheets& sheets, int height, QString folder)
+Tour::Tour(WindowMaker makeWindow, Sheets& sheets, RecordingMail& mail, int height, QString folder)
     : makeWindow_(std::move(makeWindow)),
       sheets_(sheets),
+      mail_(mail),
       height_(height),
       folder_(std::move(folder)) {}
 
@@ -98,8 +100,7 @@ bool Tour::visitRow(int index, int depth) {
     return true;
   }
   if (std::ranges::find(kSheetActions, row->action()) != kSheetActions.end()) {
-    row->performAction();
-    return takePicturesOfSheet(QString::fromStdString(row->action()));
+    return visitSheets(*row);
   }
   const QString detail = QString::fromStdString(row->detail());
   if (detail.isEmpty() || visited_.contains(detail) || next_ >= kMostSubjects) {
@@ -113,6 +114,25 @@ bool Tour::visitRow(int index, int depth) {
   const bool done = visit(depth + 1);
   window_->navigation().stack().popViewControllerAnimated(false);
   return done;
+}
+
+bool Tour::visitSheets(PSSpecifier& row) {
+  row.performAction();
+  if (auto* mail = sheets_.mail()) {
+    mail->setReading(0);
+    if (!takePictures(QStringLiteral("attachment"), QStringLiteral("Attachment"))) {
+      return false;
+    }
+    mail->setReading(-1);
+  }
+  if (!takePicturesOfSheet(QString::fromStdString(row.action()))) {
+    return false;
+  }
+  // The same without a mail account.
+  mail_.setCanSend(false);
+  row.performAction();
+  mail_.setCanSend(true);
+  return takePicturesOfSheet(QStringLiteral("alert"));
 }
 
 bool Tour::visitStandIns() {

@@ -10,6 +10,8 @@
 #include "settings/Appearance.h"
 
 class SettingsWindow;
+class PSSpecifier;
+class RecordingMail;
 class Sheets;
 class UIViewController;
 
@@ -20,8 +22,9 @@ class Tour {
   /// Gives a window on the first page, made anew; the one before is gone by then.
   using WindowMaker = std::function<std::unique_ptr<SettingsWindow>()>;
 
-  /// Pages are at least `height` points high. `sheets` are those of the windows.
-  Tour(WindowMaker makeWindow, Sheets& sheets, int height, QString folder);
+  /// Pages are at least `height` points high. `sheets` are those of the windows, `mail` is the
+  /// installed mail service.
+  Tour(WindowMaker makeWindow, Sheets& sheets, RecordingMail& mail, int height, QString folder);
 
   /// False when something could not be written or drawn; error() then says what.
   bool run();
@@ -43,6 +46,7 @@ class Tour {
 
   bool visit(int depth);
   bool visitRow(int index, int depth);
+  bool visitSheets(PSSpecifier& row);
   bool visitStandIns();
   bool takePictures(const QString& name, const QString& title);
   bool takePicture(const Look& look, Subject& subject);
@@ -53,6 +57,7 @@ class Tour {
 
   WindowMaker makeWindow_;
   Sheets& sheets_;
+  RecordingMail& mail_;
   int height_;
   QString folder_;
   QString error_;

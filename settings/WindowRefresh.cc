@@ -26,6 +26,8 @@ WindowRefresh::WindowRefresh(double rate) : rate_(rate) {
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
   connect(&timer_, &QTimer::timeout, this, &WindowRefresh::tick);
+  turnEnd_.setSingleShot(true);
+  connect(&turnEnd_, &QTimer::timeout, this, &WindowRefresh::startOrStop);
 }
 
 void WindowRefresh::follow(QQuickWindow& window) {
@@ -38,7 +40,13 @@ void WindowRefresh::follow(QQuickWindow& window) {
 
 void WindowRefresh::setWanted(bool wanted) {
   wanted_ = wanted;
-  startOrStop();
+  if (wanted) {
+    startOrStop();
+    return;
+  }
+  // Not before the turn is over: where one animation takes another's place the count goes on, or
+  // those that are replaced quickly would never be refreshed at all.
+  turnEnd_.start();
 }
 
 bool WindowRefresh::eventFilter(QObject* watched, QEvent* event) {

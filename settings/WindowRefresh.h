@@ -44,6 +44,7 @@ class WindowRefresh : public QObject, public DisplayRefresh {
   const double rate_;
   QPointer<QQuickWindow> window_;
   QTimer timer_;
+  QTimer turnEnd_;
   RefreshPacer pacer_;
   bool wanted_ = false;
   bool running_ = false;

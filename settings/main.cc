@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "headless/RecordingAddresses.h"
+#include "headless/RecordingMail.h"
 #include "linux/DBusNotifications.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/DeviceFileService.h"
@@ -25,11 +27,13 @@
 #include "linux/PosixProcessService.h"
 #include "linux/Syslog.h"
 #include "linux/SystemClock.h"
+#include "linux/SystemMail.h"
 #include "linux/readFile.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/services.h"
+#include "platform/uikit/UIAccessibility.h"
 #include "platform/uikit/UIApplication.h"
 #include "settings/AccessibleItemInterface.h"
 #include "settings/AnimationController.h"
@@ -46,6 +50,7 @@
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
 #include "settings/WebPages.h"
+#include "settings/WindowDeviceInformation.h"
 #include "settings/WindowRefresh.h"
 #include "tools/version.h"
 
@@ -173,15 +178,26 @@ int run(const Options& options) {
   const auto webPages = std::make_shared<WebPages>(options.hosts, web, options.webEngine);
   const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
   const auto effects = effectsFor(options);
+  // Pictures show the same on every machine, and nothing of them leaves it.
+  const auto staged = std::make_shared<RecordingMail>(true, nullptr);
+  std::shared_ptr<MailService> mail = staged;
+  std::shared_ptr<AddressOpener> addresses = std::make_shared<RecordingAddresses>(
+      std::make_shared<Recorder>(), std::set<std::string>(), nullptr);
+  if (!options.isPicture()) {
+    mail = std::make_shared<SystemMail>(root.toStdString() + "/Drafts");
+    addresses = std::make_shared<DesktopAddressOpener>();
+  }
   installServices({
       .clock = std::make_shared<SystemClock>(),
       .files = files,
       .notifications = effects.notifications,
       .processes = effects.processes,
-      .addresses = std::make_shared<DesktopAddressOpener>(),
+      .addresses = addresses,
       .text = std::make_shared<QtTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .mail = mail,
+      .device = std::make_shared<WindowDeviceInformation>(),
       .fetches = std::make_shared<HTTPFetchService>(web),
       .webViews = webPages,
       .displayRefresh = refresh,
@@ -224,7 +240,8 @@ int run(const Options& options) {
     return window;
   };
   if (!options.tour.isEmpty()) {
-    return takeTour(Tour(openWindow, *sheets, options.size.height(), options.tour), options.tour);
+    return takeTour(Tour(openWindow, *sheets, *staged, options.size.height(), options.tour),
+                    options.tour);
   }
 
   const auto window = openWindow();
@@ -297,6 +314,11 @@ int main(int count, char** values) {
   appearance.setScheme(options.scheme);
   // Nothing moves in a picture.
   appearance.setMotion(options.isPicture() ? Appearance::Motion::Reduced : options.motion);
+  const auto passMotionOn = [&appearance] {
+    UIAccessibilitySetReduceMotionEnabled(appearance.reducesMotion());
+  };
+  QObject::connect(&appearance, &Appearance::changed, &application, passMotionOn);
+  passMotionOn();
   appearance.setDirection(options.direction);
   UIApplication::sharedApplication().setPreferredContentSizeCategory(options.textSize);
   // Pictures are the same on every desktop.

@@ -11,6 +11,7 @@
 #include <sys/prctl.h>
 #include <sys/wait.h>
 
+#include "headless/ManualDisplayRefresh.h"
 #include "headless/RecordingAddresses.h"
 #include "headless/RecordingSheets.h"
 #include "headless/TableTextMeasurer.h"
@@ -19,6 +20,7 @@
 #include "linux/PictureHeaderService.h"
 #include "linux/PollHost.h"
 #include "linux/PosixProcessService.h"
+#include "linux/StandardErrorLog.h"
 #include "linux/SystemClock.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
@@ -126,6 +128,8 @@ struct Panes {
         .text = std::make_shared<TableTextMeasurer>(),
         .pictures = std::make_shared<PictureHeaderService>(paths),
         .sheets = std::make_shared<RecordingSheets>(recorder),
+        .displayRefresh = std::make_shared<ManualDisplayRefresh>(),
+        .log = std::make_shared<StandardErrorLog>(),
     });
     registerClasses(platformClasses());
     NSBundle::load(kBundle, quietDialPreferencesClasses);

@@ -23,6 +23,7 @@ enum class CFNotificationSuspensionBehavior {
   kDeliverImmediately = 4
 };
 
+/// The one centre of this process; it lives as long as the process.
 PLATFORM_API CFNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter();
 
 /// Adds a registration; the same callback may be registered many times and is then called as often.
@@ -31,7 +32,8 @@ PLATFORM_API void CFNotificationCenterAddObserver(
     CFNotificationCenter& center, CFNotificationCallback callback, std::string_view name,
     CFNotificationSuspensionBehavior suspensionBehavior);
 
-/// Main thread.
+/// Tells other processes and this one's observers. `deliverImmediately` is kept as callers state
+/// it; see the suspension behaviour. Main thread.
 PLATFORM_API void CFNotificationCenterPostNotification(CFNotificationCenter& center,
                                                        std::string_view name,
                                                        bool deliverImmediately);

@@ -58,9 +58,11 @@ class PLATFORM_API MainQueue {
   bool isIdle() const;
 
   /// When the next delayed call is due, in seconds of the clock; nothing when there is none.
+  /// Main thread.
   std::optional<double> nextDeadline() const;
 
   /// Called, from any thread, when there may be something to run sooner than the host knows of.
+  /// At most one hook, empty for none. Any thread.
   void setWakeHook(Task hook);
 
  private:

@@ -11,7 +11,8 @@
 /// Root of every class that is reference counted or reached by name.
 ///
 /// Objects are made in two phases: `alloc<T>()`, then an `init…` that says whether it worked. A
-/// weak reference to oneself and virtual calls work from the second phase on.
+/// weak reference to oneself and virtual calls work from the second phase on. Selectors are called
+/// on the main thread.
 class PLATFORM_API NSObject : public std::enable_shared_from_this<NSObject> {
  public:
   static const ClassDescription classObject;
@@ -38,7 +39,8 @@ class PLATFORM_API NSObject : public std::enable_shared_from_this<NSObject> {
   /// Who answers for a selector that the class itself does not know; null for nobody. Any thread.
   virtual std::shared_ptr<NSObject> forwardingTargetForSelector(std::string_view selector) const;
 
-  /// Calls the action of that selector. False, and nothing happens, when there is none.
+  /// Calls the action of that selector with the sender, which may be null. False, and nothing
+  /// happens, when there is none.
   bool performAction(std::string_view selector, NSObject* sender);
   /// The answer of the getter of that selector; nothing when there is none.
   std::optional<PropertyListValue> performGetter(std::string_view selector, NSObject& row);

@@ -34,7 +34,7 @@ struct PropertyListUID {
   bool operator==(const PropertyListUID&) const = default;
 };
 
-/// One immutable property-list value. Copies are cheap: containers are shared.
+/// One immutable property-list value. Copies are cheap: containers are shared, between threads too.
 ///
 /// "A value or nothing" is std::optional<PropertyListValue>; the class itself has no empty state.
 class PLATFORM_API PropertyListValue {

@@ -6,6 +6,7 @@
 #include "platform/api.h"
 #include "platform/preferences/PSListController.h"
 
+/// Why a page cannot be opened: no class has the name, the class is no page, or its init failed.
 enum class MissingPaneReason { kNoSuchClass, kNoPane, kNotMade };
 
 /// Stands in for a page that cannot be opened and says which class is concerned and why, so that a
@@ -15,6 +16,8 @@ class PLATFORM_API MissingPaneController : public PSListController {
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
 
+  /// The page for a class of that name, titled as the row that led here (null for none). Never
+  /// null.
   static std::shared_ptr<MissingPaneController> forClass(
       const std::string& className, MissingPaneReason reason,
       const std::shared_ptr<PSSpecifier>& specifier);

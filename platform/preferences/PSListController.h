@@ -92,8 +92,11 @@ class PLATFORM_API PSListController : public UIViewController,
  protected:
   std::shared_ptr<UIView> loadView() override;
 
+  /// False until setSpecifiers has kept a row.
   bool hasSpecifiers() const { return !specifiers_.empty(); }
   const PSSpecifiers& keptSpecifiers() const { return specifiers_; }
+  /// Keeps these rows in this order; the next layout shows them. A row that was kept before keeps
+  /// its cell, the cells of rows that are gone are dropped.
   void setSpecifiers(PSSpecifiers specifiers);
 
  private:

@@ -42,6 +42,7 @@ class PLATFORM_API PSSpecifier : public NSObject {
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
 
+  /// A group, which begins with the row after it; the name is its header's text, empty for none.
   static std::shared_ptr<PSSpecifier> groupSpecifierWithName(std::string name);
 
   /// A row. `set` and `get` are selectors of the target, `detail` and `edit` the names of pane
@@ -71,7 +72,9 @@ class PLATFORM_API PSSpecifier : public NSObject {
   /// Hands a value to the setter, if the row has one.
   void setValue(const PropertyListValue& value);
 
+  /// The property; nothing where it is absent.
   std::optional<PSPropertyValue> propertyForKey(std::string_view key) const;
+  /// Sets or replaces the property. A cell that is shown follows when its row is reloaded.
   void setPropertyForKey(PSPropertyValue value, std::string_view key);
   /// A copy of the bag as it stands.
   std::map<std::string, PSPropertyValue, std::less<>> properties() const;

@@ -10,8 +10,10 @@
 #include "platform/uikit/UIImage.h"
 #include "platform/uikit/UIViewController.h"
 
+/// The one service that is known here.
 inline constexpr std::string_view SLServiceTypeTwitter = "SLServiceTypeTwitter";
 
+/// How a sheet ended. The numbers are the platform's.
 enum class SLComposeViewControllerResult { kCancelled = 0, kDone = 1 };
 
 /// A sheet in which the user completes and posts a short text through a social service. Main

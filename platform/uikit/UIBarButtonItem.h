@@ -8,6 +8,7 @@
 #include "platform/foundation/NSObject.h"
 #include "platform/uikit/UIImage.h"
 
+/// The numbers are the platform's.
 enum class UIBarButtonItemStyle { kPlain = 0, kDone = 2 };
 
 /// A button of the navigation bar. It holds its target weakly. Main thread.
@@ -16,7 +17,7 @@ class PLATFORM_API UIBarButtonItem : public NSObject {
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
 
-  /// A null image leaves a button without a picture.
+  /// A null image leaves a button without a picture. `action` is a selector of the target.
   bool initWithImageStyleTargetAction(const std::shared_ptr<UIImage>& image,
                                       UIBarButtonItemStyle style,
                                       const std::shared_ptr<NSObject>& target,

@@ -8,6 +8,8 @@
 #include "platform/api.h"
 #include "platform/uikit/UIView.h"
 
+/// What the user has done: let go of the control after pressing it, chosen another value, ended an
+/// edit of its text.
 enum class UIControlEvent { kTouchUpInside, kValueChanged, kEditingDidEnd };
 
 /// A view that the user operates. Targets are held weakly. Main thread.
@@ -19,6 +21,7 @@ class PLATFORM_API UIControl : public UIView {
   bool isEnabled() const { return enabled_; }
   void setEnabled(bool enabled);
 
+  /// `action` is a selector of the target; one that nobody answers for does nothing.
   void addTargetActionForControlEvents(const std::shared_ptr<NSObject>& target,
                                        std::string_view action, UIControlEvent event);
 

@@ -8,12 +8,15 @@
 #include "platform/coregraphics/CGImage.h"
 #include "platform/foundation/NSObject.h"
 
+/// Whether a picture is drawn as it is or only its shape, in the tint in force where it stands;
+/// automatic leaves that to the view.
 enum class UIImageRenderingMode { kAutomatic, kAlwaysOriginal, kAlwaysTemplate };
 
 /// How the pixels lie. Every picture of this platform is upright.
 enum class UIImageOrientation { kUp = 0 };
 
-/// A picture, from a file or from pixels. Those of a file stay in it until a host draws them.
+/// A picture, from a file or from pixels. Those of a file stay in it until a host draws them. Main
+/// thread.
 class PLATFORM_API UIImage : public NSObject {
  public:
   static const ClassDescription classObject;

@@ -6,7 +6,7 @@
 #include "platform/api.h"
 #include "platform/uikit/UIViewController.h"
 
-/// Follows the stack, for the host that shows it.
+/// Follows the stack, for the host that shows it. Main thread.
 class PLATFORM_API UINavigationControllerObserver {
  public:
   virtual ~UINavigationControllerObserver();

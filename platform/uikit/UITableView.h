@@ -20,7 +20,8 @@ class PLATFORM_API UITableViewDataSource {
       UITableView& table, NSIndexPath indexPath) = 0;
 };
 
-/// Gives a table its measures and takes the user's choice.
+/// Gives a table its measures, in points, and takes the user's choice. The measures are asked on
+/// the main thread while the table lays itself out.
 class PLATFORM_API UITableViewDelegate {
  public:
   virtual ~UITableViewDelegate();

@@ -40,7 +40,8 @@ class PLATFORM_API UITextField : public UIControl {
   /// The field that has the focus in this process, or null.
   static std::shared_ptr<UITextField> firstResponder();
   bool isFirstResponder() const;
-  /// Takes the focus; the field that had it ends editing first.
+  /// Takes the focus; the field that had it ends editing first. False, and nothing happens, while
+  /// the field is disabled.
   bool becomeFirstResponder();
   /// Gives the focus up and ends editing. True when the field does not have the focus afterwards.
   bool resignFirstResponder();

@@ -103,7 +103,7 @@ class PLATFORM_API UIView : public NSObject, public CALayerDelegate {
   virtual void layoutSubviews();
 
   /// Ends editing in the text field that has the focus in or below this view, if there is one.
-  /// True when no field keeps the focus.
+  /// True when no field keeps the focus. Fields here never refuse, so `force` changes nothing.
   bool endEditing(bool force);
 
   /// At most one observer; null for none.

@@ -53,8 +53,9 @@ void UIViewController::presentViewControllerAnimatedCompletion(
 void UIViewController::dismissViewControllerAnimatedCompletion(
     bool animated, const std::function<void()>& completion) {
   if (!presented_) {
-    if (const auto presenting = presenting_.lock()) {
-      presenting->dismissViewControllerAnimatedCompletion(animated, completion);
+    const auto parent = parent_.lock();
+    if (const auto responsible = parent ? parent : presenting_.lock()) {
+      responsible->dismissViewControllerAnimatedCompletion(animated, completion);
     }
     return;
   }

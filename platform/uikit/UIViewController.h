@@ -41,7 +41,8 @@ class PLATFORM_API UIViewController : public NSObject {
   void presentViewControllerAnimatedCompletion(const std::shared_ptr<UIViewController>& controller,
                                                bool animated,
                                                const std::function<void()>& completion);
-  /// Takes the presented page away; asked of a presented page, that page itself.
+  /// Takes away what this page presented, else what a navigation controller around it did; asked of
+  /// a presented page, that page itself.
   void dismissViewControllerAnimatedCompletion(bool animated,
                                                const std::function<void()>& completion);
   const std::shared_ptr<UIViewController>& presentedViewController() const { return presented_; }
@@ -52,6 +53,7 @@ class PLATFORM_API UIViewController : public NSObject {
   virtual std::shared_ptr<UIView> loadView();
   /// Called once, after the view was made. Overrides call the superclass's first.
   virtual void viewDidLoad();
+  /// For controllers that contain others: the parent is held weakly, null for none.
   void setParentViewController(UIViewController& child,
                                const std::shared_ptr<UIViewController>& parent);
 

@@ -4,6 +4,8 @@ import QuietDial.Settings
 ImageItem {
     id: view
 
+    Accessible.role: Accessible.Graphic
+
     Rectangle {
         anchors.fill: parent
         visible: color.a > 0
@@ -16,7 +18,7 @@ ImageItem {
     }
     LayerContents {
         anchors.fill: parent
-        contents: view.contents
+        view: view
     }
     TapRecognizer {
         view: view

@@ -17,7 +17,7 @@ LabelItem {
         // A pill that is short of room has its text a little smaller before any of it is cut.
         anchors.leftMargin: inPill ? Theme.pillPadding : 0
         anchors.rightMargin: anchors.leftMargin
-        fontSizeMode: inPill ? Text.HorizontalFit : Text.FixedSize
+        fontSizeMode: inPill ? Text.HorizontalFit : label.shrinks ? Text.VerticalFit : Text.FixedSize
         minimumPixelSize: Theme.smallestText
         text: label.text
         textFormat: Text.PlainText

@@ -8,7 +8,14 @@ AccessibleElement {
     required property Navigation navigation
     required property Sheets sheets
 
+    // What a keyboard on the screen covers at the window's lower end.
+    readonly property real keyboardHeight: {
+        const keyboard = Qt.inputMethod.keyboardRectangle;
+        return Qt.inputMethod.visible && keyboard.height > 0
+                ? Math.max(0, Math.min(height / 2, height - keyboard.y)) : 0;
+    }
     readonly property bool covered: sheets.alert !== null || sheets.compose !== null
+                                    || sheets.mail !== null
 
     // The keyboard comes back to where it was before the sheet.
     onCoveredChanged: if (!covered)
@@ -35,6 +42,7 @@ AccessibleElement {
     NavigationView {
         id: pages
         anchors.fill: parent
+        anchors.bottomMargin: main.keyboardHeight
         enabled: !main.covered
         navigation: main.navigation
     }
@@ -44,6 +52,14 @@ AccessibleElement {
         enabled: main.sheets.alert === null
         sourceComponent: ComposeSheet {
             model: main.sheets.compose
+        }
+    }
+    Loader {
+        anchors.fill: parent
+        active: main.sheets.mail !== null
+        enabled: main.sheets.alert === null
+        sourceComponent: MailSheet {
+            model: main.sheets.mail
         }
     }
     Loader {

@@ -21,7 +21,7 @@ SegmentedControlItem {
             title: modelData
             chosen: index === control.selected
             Accessible.role: Accessible.RadioButton
-            x: index * width
+            x: (Appearance.mirrored ? control.titles.length - 1 - index : index) * width
             width: control.width / control.titles.length
             height: control.height
 
@@ -51,11 +51,11 @@ SegmentedControlItem {
                 anchors.fill: parent
                 anchors.leftMargin: Theme.segmentLine * 2
                 anchors.rightMargin: anchors.leftMargin
-                text: segment.title
+                text: segment.modelData
                 textFormat: Text.PlainText
                 font: Theme.segmentFont
                 fontSizeMode: Text.HorizontalFit
-                minimumPixelSize: 9
+                minimumPixelSize: Theme.smallestText
                 color: segment.chosen ? Theme.segmentChosenColor : control.tint
                 horizontalAlignment: Text.AlignHCenter
                 verticalAlignment: Text.AlignVCenter

@@ -34,6 +34,8 @@ TableItem {
         maximumFlickVelocity: 4000
         flickDeceleration: 1500
         pixelAligned: true
+        // What is typed into stays in sight when a keyboard takes room from the list.
+        onHeightChanged: table.revealFocus()
         clip: true
     }
     ScrollBar {

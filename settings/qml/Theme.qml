@@ -92,6 +92,11 @@ QtObject {
     readonly property color sheetColor: dark ? "#2c2c2e" : "#f8f8f8"
     readonly property color sheetLineColor: dark ? "#48484a" : "#b5b5b5"
     readonly property color dimColor: dark ? "#99000000" : "#66000000"
+    readonly property color paperColor: dark ? "#1c1c1e" : "white"
+    readonly property color noteColor: dark ? "#98989f" : "#8e8e93"
+    readonly property color complaintColor: dark ? "#ff453a" : "#ff3b30"
+    readonly property real mailWidth: 560
+    readonly property real mailMargin: 15
     readonly property real composeMargin: 12
     readonly property real composeWidth: 400
     readonly property real composeTextHeight: 132

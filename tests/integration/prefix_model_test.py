@@ -8,7 +8,8 @@ import tempfile
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
-from drive import APPLIED, CHANGED, SETTINGS, Drive  # noqa: E402
+from drive import SETTINGS, Drive  # noqa: E402
+from settings_model import SettingsModel  # noqa: E402
 
 CUSTOM = "Custom (enter below)"
 COUNTRIES = [
@@ -26,13 +27,9 @@ FIELD_ROW = 37
 TEXTS = ["", " ", "*31#", "#30#", "141", "  *67 ", "ä", "日本", "a\tb", "<&>\"'", "x" * 300, "line\nbreak", "cr\rhere", "\u0001"]
 
 
-class Model:
-    """What the file, the checked row and the posts have to be; knows nothing of the program's code."""
-
+class Model(SettingsModel):
     def __init__(self, stored, first_panes):
-        self.file = dict(stored)
-        self.first_panes = first_panes
-        self.events = []
+        super().__init__(stored, first_panes)
         self.opens()
 
     def opens(self):
@@ -41,11 +38,6 @@ class Model:
                 self.writes(key, value)
         self.country = self.file["selectedCountry"]
         self.custom = self.file["customPrefix"]
-
-    def writes(self, key, value):
-        self.file[key] = value
-        self.events.append({"event": "write", "path": SETTINGS, "settings": dict(self.file), "ok": True})
-        self.events.append({"event": "post", "centre": "darwin", "name": CHANGED})
 
     def taps(self, row):
         name, prefix = COUNTRIES[row - 1] if row <= len(COUNTRIES) else (CUSTOM, self.custom)
@@ -58,17 +50,6 @@ class Model:
         if self.country == CUSTOM:
             self.writes("selectedPrefix", text)
         self.writes("customPrefix", text)
-
-    def take_events(self):
-        """What was written, then, once the turn is over, what each first pane does for each post."""
-        posts = sum(event["event"] == "post" for event in self.events)
-        applied = [
-            {"event": "spawn", "path": "/usr/bin/killall", "arguments": ["killall", "-9", "MobilePhone", "InCallService"], "environment": None},
-            {"event": "wait", "options": 4},
-            {"event": "post", "centre": "notify", "name": APPLIED},
-        ]
-        events, self.events = self.events + applied * (posts * self.first_panes), []
-        return events
 
     def checked(self):
         names = [name for name, _ in COUNTRIES] + [CUSTOM]

@@ -19,3 +19,9 @@ bool MemoryFiles::writeToFileAtomically(const PropertyListDictionary& dictionary
   dictionaries[path] = dictionary;
   return true;
 }
+
+std::optional<PropertyListData> MemoryFiles::dataWithPropertyList(
+    const PropertyListDictionary& dictionary) const {
+  lastSerialized = dictionary;
+  return PropertyListData{std::byte{'p'}, std::byte{'l'}};
+}

@@ -13,9 +13,13 @@ class MemoryFiles : public FileService {
       const std::string& path) const override;
   bool writeToFileAtomically(const PropertyListDictionary& dictionary,
                              const std::string& path) override;
+  /// Keeps the dictionary; the bytes are only a mark.
+  std::optional<PropertyListData> dataWithPropertyList(
+      const PropertyListDictionary& dictionary) const override;
 
   std::map<std::string, PropertyListDictionary> dictionaries;
   /// Files of other kinds.
   std::map<std::string, PropertyListData> data;
   bool failsToWrite = false;
+  mutable PropertyListDictionary lastSerialized;
 };

@@ -1,11 +1,11 @@
 #include "tests/support/PaneTest.h"
 
-#include "headless/RecordingAddresses.h"
 #include "headless/RecordingFiles.h"
 #include "headless/RecordingLog.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/RecordingWebViews.h"
+#include "headless/StandInDevice.h"
 #include "headless/TableTextMeasurer.h"
 #include "platform/classes.h"
 #include "platform/foundation/MainQueue.h"
@@ -17,10 +17,12 @@ PaneTest::PaneTest() {
       .files = std::make_shared<RecordingFiles>(files, recorder),
       .notifications = std::make_shared<RecordingNotifications>(recorder, nullptr),
       .processes = std::make_shared<RecordingProcesses>(recorder, nullptr),
-      .addresses = std::make_shared<RecordingAddresses>(recorder, std::set<std::string>{}, nullptr),
+      .addresses = addresses,
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = pictures,
       .sheets = sheets,
+      .mail = mail,
+      .device = std::make_shared<StandInDevice>(),
       .fetches = web,
       .webViews = std::make_shared<RecordingWebViews>(
           [web = web](const NSURLRequest& request) { return web->heightOfPage(request); },
@@ -34,6 +36,12 @@ PaneTest::PaneTest() {
   outer->pushViewControllerAnimated(inner, false);
   window = allocInit<UIWindow>();
   window->setRootViewController(outer);
+}
+
+std::string PaneTest::bundleFile(const std::string& name) {
+  std::string path = kBundle;
+  path += '/';
+  return path += name;
 }
 
 void PaneTest::layOut() {

@@ -9,6 +9,8 @@
 
 #include "headless/ManualClock.h"
 #include "headless/ManualDisplayRefresh.h"
+#include "headless/RecordingAddresses.h"
+#include "headless/RecordingMail.h"
 #include "headless/RecordingSheets.h"
 #include "platform/foundation/GlobalQueue.h"
 #include "platform/preferences/PSListController.h"
@@ -27,6 +29,10 @@ class PaneTest : public testing::Test {
 
   PaneTest();
 
+  /// Device path of a file of the bundle.
+  static std::string bundleFile(const std::string& name);
+
+  /// Brings a pane up as a tap on a row would, `width` points wide.
   /// Brings a pane up as a tap on a row would, `width` points wide, and waits for what it does in
   /// the background; what that leaves for the main queue stays there.
   template <class Pane>
@@ -67,6 +73,9 @@ class PaneTest : public testing::Test {
   std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
   std::shared_ptr<MemoryWeb> web = std::make_shared<MemoryWeb>();
   std::shared_ptr<RecordingSheets> sheets = std::make_shared<RecordingSheets>(recorder);
+  std::shared_ptr<RecordingAddresses> addresses =
+      std::make_shared<RecordingAddresses>(recorder, std::set<std::string>{}, nullptr);
+  std::shared_ptr<RecordingMail> mail = std::make_shared<RecordingMail>(true, nullptr);
   std::shared_ptr<ManualDisplayRefresh> displayRefresh = std::make_shared<ManualDisplayRefresh>();
   std::shared_ptr<UIWindow> window;
   std::shared_ptr<UINavigationController> outer;

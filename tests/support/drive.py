@@ -15,9 +15,10 @@ def program() -> str:
 
 
 class Drive:
-    def __init__(self, *arguments: str):
+    def __init__(self, *arguments: str, stderr=None):
         self.process = subprocess.Popen(
-            [program(), "drive", *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True, bufsize=1
+            [program(), "drive", *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=stderr,
+            text=True, bufsize=1
         )
 
     def __enter__(self):

@@ -3,6 +3,7 @@ without a window manager, and the Settings application in it."""
 
 import os
 import shutil
+import struct
 import subprocess
 import sys
 import tempfile
@@ -37,8 +38,9 @@ def in_own_desktop():
                            XDG_RUNTIME_DIR=runtime,
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
         status = subprocess.run(
-            ["xvfb-run", "-a", "-s", "-screen 0 800x1000x24", *isolation, "dbus-run-session", "--",
-             sys.executable, "-B", "-W", "ignore", *sys.argv], env=environment, check=False).returncode
+            ["xvfb-run", "-a", "-s", f"-screen 0 800x1000x24 -fbdir {runtime}", *isolation,
+             "dbus-run-session", "--", sys.executable, "-B", "-W", "ignore", *sys.argv],
+            env=environment, check=False).returncode
     finally:
         shutil.rmtree(runtime, ignore_errors=True)
     sys.exit(status)
@@ -103,6 +105,11 @@ class Application:
         walk(self._application)
         return found
 
+    def top(self):
+        """The windows."""
+        self._application.clear_cache()
+        return list(self._application)
+
     def find(self, role, name):
         """The element of that role whose name begins so, or None."""
         import pyatspi  # noqa: F401
@@ -132,6 +139,42 @@ class Application:
         import pyatspi
         box = element.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         return box.x, box.y, box.width, box.height
+
+
+class Posts:
+    """Counts the posts of one notification on the session bus from now on."""
+
+    def __init__(self, name):
+        from gi.repository import Gio, GLib
+        self._context = GLib.MainContext.default()
+        self._heard = []
+        self._bus = Gio.bus_get_sync(Gio.BusType.SESSION)
+        self._bus.signal_subscribe(None, "me.orlanvey.quietdial.Notifications", "Posted", None, name,
+                                   Gio.DBusSignalFlags.NONE,
+                                   lambda *arguments: self._heard.append(arguments))
+        # An answer of the bus: the wish to listen has reached it.
+        self._bus.call_sync("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId", None,
+                            None, Gio.DBusCallFlags.NONE, -1)
+
+    def count(self):
+        while self._context.iteration(False):
+            pass
+        return len(self._heard)
+
+    def wait_for(self, number):
+        wait_for(lambda: self.count() >= number, f"{number} posts")
+
+
+def pixel(x, y):
+    """Red, green and blue of a place on the screen, as the X server has it."""
+    with open(os.path.join(os.environ["XDG_RUNTIME_DIR"], "Xvfb_screen0"), "rb") as file:
+        header = struct.unpack(">25I", file.read(100))
+        size, bits, line, colors = header[0], header[11], header[12], header[19]
+        assert bits == 32, bits
+        # The picture follows the header and a table of colours of 12 bytes each.
+        file.seek(size + 12 * colors + y * line + x * 4)
+        blue, green, red, _ = file.read(4)
+    return red, green, blue
 
 
 def xdotool(*arguments):

@@ -2,6 +2,7 @@
 
 import os
 import plistlib
+import subprocess
 import tempfile
 import unittest
 
@@ -83,6 +84,42 @@ class MouseJourney(unittest.TestCase):
         self.click("push button", "Back")
         self.application.wait_for("push button",
                                   "Hide Caller ID Prefix, star three one hash nine")
+
+    def test_what_is_typed_is_stored_before_the_tap_that_took_the_keyboard_away(self):
+        posts = desktop.Posts("me.orlanvey.quietDial/PreferencesChanged")
+        self.click("push button", "Hide Caller ID Prefix")
+        self.scroll_to("text", "Enter your custom prefix here")
+        self.click("text", "Enter your custom prefix here")
+        self.application.wait_for_state("text", "Enter your custom prefix here", "focused")
+        desktop.xdotool("type", "--delay", "30", TYPED)
+        posts.wait_for(3)  # the defaults of a first visit
+        self.click("radio button", "Custom")
+        self.wait_for_settings({"selectedCountry": "Custom (enter below)",
+                                "selectedPrefix": TYPED, "customPrefix": TYPED})
+        # The typed prefix, then country and prefix. The other way round the typed prefix would be
+        # stored a second time, as the one in force.
+        posts.wait_for(6)
+        self.click("push button", "Back")
+        self.application.wait_for("push button",
+                                  "Hide Caller ID Prefix, star three one hash nine")
+        self.assertEqual(posts.count(), 6)
+
+    def test_a_field_stays_in_sight_when_the_window_gets_lower(self):
+        self.click("push button", "Hide Caller ID Prefix")
+        self.scroll_to("text", "Enter your custom prefix here")
+        self.click("text", "Enter your custom prefix here")
+        self.application.wait_for_state("text", "Enter your custom prefix here", "focused")
+        window = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid",
+                                 str(self.application.process.pid)], capture_output=True,
+                                text=True, check=True).stdout.split()[-1]
+        desktop.xdotool("windowsize", window, 375, 300)
+
+        def in_sight():
+            _, top, _, height = self.application.place(self.application.wait_for("panel", ""))
+            _, y, _, row = self.application.place(
+                self.application.wait_for("text", "Enter your custom prefix here"))
+            return height == 300 and top + 44 <= y and y + row <= top + 300
+        desktop.wait_for(in_sight, "the field to stay above the window's lower end")
 
     def test_what_is_typed_is_kept_when_the_window_is_closed(self):
         self.click("push button", "Hide Caller ID Prefix")

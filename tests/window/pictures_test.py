@@ -144,7 +144,9 @@ class Pictures(unittest.TestCase):
             looks.setdefault(subject, set()).add(look.removeprefix("bar-"))
         self.assertLessEqual({"SettingsListController", "QDPreferencesListController",
                               "QDCountryPrefixController", "BundleFailureController",
-                              "HeldBackController"}, set(looks))
+                              "HeldBackController", "QDSupportListController",
+                              "QDCreditsListController", "QDSoftwareCreditsController",
+                              "sendSupportEmail", "attachment", "alert"}, set(looks))
         every = {f"{width}-{scheme}-{text}" for width in (320, 375, 414)
                  for scheme in ("light", "dark") for text in ("text", "largetext")}
         for subject, found in looks.items():
@@ -157,6 +159,26 @@ class Pictures(unittest.TestCase):
         self.assertTrue(self.has_text(picture, 15, picture.height - 60, 300, picture.height - 20)
                         or self.has_text(picture, 15, picture.height - 100, 300,
                                          picture.height - 40))
+
+    def test_the_tour_shows_what_stands_above_the_pages(self):
+        tour = os.path.join(self.folder, "tour")
+        result = program.run("--tour", tour, "--size", "320x568")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        pictures = {name.split("-", 1)[1]: Picture(os.path.join(tour, name))
+                    for name in os.listdir(tour) if name.endswith("320-light-text.png")}
+        look = "-320-light-text.png"
+        self.assertEqual(pictures["QDSupportListController" + look].at(310, 500), PAGE)
+        # The mail and its attachment cover the page; the alert and the share sheet dim it.
+        for name in ("sendSupportEmail", "attachment"):
+            self.assertEqual(pictures[name + look].at(310, 500), WHITE, name)
+            self.assertTrue(self.has_text(pictures[name + look], 15, 50, 300, 300), name)
+        for name in ("alert", "QDPreferencesListController-bar"):
+            self.assertLess(max(pictures[name + look].at(2, 300)), 200, name)
+        # With an attachment open, the mail's own button is not there.
+        self.assertTrue(self.has_text(pictures["sendSupportEmail" + look], 260, 5, 315, 40,
+                                      (248, 248, 248)))
+        self.assertFalse(self.has_text(pictures["attachment" + look], 260, 5, 315, 40,
+                                       (248, 248, 248)))
 
     def test_in_the_dark_the_systems_colours_change_and_a_panes_own_stay(self):
         pane = ["--pane", "QDPreferencesListController", "--size", "320x568", "--scale", "2",

@@ -15,9 +15,11 @@
 #include "headless/RecordingFetches.h"
 #include "headless/RecordingFiles.h"
 #include "headless/RecordingLog.h"
+#include "headless/RecordingMail.h"
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "headless/RecordingWebViews.h"
+#include "headless/StandInDevice.h"
 #include "headless/TableTextMeasurer.h"
 #include "linux/BundleModule.h"
 #include "linux/DBusNotifications.h"
@@ -31,6 +33,7 @@
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
 #include "linux/StandardErrorLog.h"
+#include "linux/SystemMail.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "tools/drive/DriveSession.h"
@@ -123,15 +126,17 @@ struct Effects {
   std::shared_ptr<DBusNotifications> notifications;
   std::shared_ptr<ProcessService> processes;
   std::shared_ptr<AddressOpener> addresses;
+  std::shared_ptr<MailService> mail;
 };
 
-Effects realEffects() {
+Effects realEffects(const std::string& root) {
   return {
       .notifications = std::make_shared<DBusNotifications>([](const std::string& name) {
         CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
       }),
       .processes = std::make_shared<PosixProcessService>(),
       .addresses = std::make_shared<DesktopAddressOpener>(),
+      .mail = std::make_shared<SystemMail>(root + "/Drafts"),
   };
 }
 
@@ -161,7 +166,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
   const auto displayRefresh = std::make_shared<ManualDisplayRefresh>();
-  const auto effects = arguments.effects == "real" ? realEffects() : Effects{};
+  const auto effects = arguments.effects == "real" ? realEffects(root) : Effects{};
   HostMap hosts;
   for (const auto& host : arguments.mappedHosts) {
     hosts.add(host);
@@ -175,10 +180,12 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
       .processes = std::make_shared<RecordingProcesses>(recorder, effects.processes),
       .addresses = std::make_shared<RecordingAddresses>(
           recorder, std::set<std::string>(arguments.schemes.begin(), arguments.schemes.end()),
-          nullptr),
+          effects.addresses),
       .text = std::make_shared<TableTextMeasurer>(),
       .pictures = std::make_shared<PictureHeaderService>(paths),
       .sheets = sheets,
+      .mail = std::make_shared<RecordingMail>(arguments.mail == "yes", effects.mail),
+      .device = std::make_shared<StandInDevice>(),
       .fetches =
           std::make_shared<RecordingFetches>(std::make_shared<HTTPFetchService>(web), recorder),
       .webViews = std::make_shared<RecordingWebViews>(

@@ -282,6 +282,9 @@ Json DriveSession::sheet(const Json& request) {
     const auto sheet = *compose;
     sheet->finish(result == "posted" ? SLComposeViewControllerResult::kDone
                                      : SLComposeViewControllerResult::kCancelled);
+  } else if (const auto* mail = std::get_if<std::shared_ptr<MFMailComposeViewController>>(top)) {
+    const auto sheet = *mail;
+    finishMail(*sheet, result);
   } else {
     if (result != "ok") {
       throw Refusal("The alert on top ends with \"ok\".");
@@ -290,6 +293,24 @@ Json DriveSession::sheet(const Json& request) {
   }
   layOut();
   return success();
+}
+
+void DriveSession::finishMail(MFMailComposeViewController& mail, const std::string& result) {
+  if (result == "sent") {
+    const bool sent = services().mail->send(mail.message());
+    mail.finish(sent ? MFMailComposeResult::kSent : MFMailComposeResult::kFailed,
+                sent ? std::nullopt : std::optional(MFMailComposeErrorCode::kSendFailed));
+  } else if (result == "saved") {
+    const bool saved = services().mail->saveDraft(mail.message()).has_value();
+    mail.finish(saved ? MFMailComposeResult::kSaved : MFMailComposeResult::kFailed,
+                saved ? std::nullopt : std::optional(MFMailComposeErrorCode::kSaveFailed));
+  } else if (result == "failed") {
+    mail.finish(MFMailComposeResult::kFailed, MFMailComposeErrorCode::kSendFailed);
+  } else if (result == "cancelled") {
+    mail.finish(MFMailComposeResult::kCancelled);
+  } else {
+    throw Refusal(R"(The mail on top ends with "sent", "saved", "cancelled" or "failed".)");
+  }
 }
 
 Json DriveSession::resize(const Json& request) {

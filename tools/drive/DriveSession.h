@@ -60,6 +60,7 @@ class DriveSession {
   Json globals(const Json& request);
   Json quit(const Json& request);
 
+  void finishMail(MFMailComposeViewController& mail, const std::string& result);
   void settle();
   void layOut();
   Json whereWeAre() const;

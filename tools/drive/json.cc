@@ -83,8 +83,22 @@ struct EventWriter {
     return {{"event", "present"}, {"sheet", "compose"},     {"service", event.service},
             {"text", event.text}, {"images", event.images}, {"from", nameOf(event.from)}};
   }
-  Json operator()(const DismissEvent& /*event*/) const {
-    return {{"event", "dismiss"}, {"sheet", "compose"}};
+  Json operator()(const PresentMailEvent& event) const {
+    const auto& message = event.message;
+    Json attachments = Json::array();
+    for (const auto& attachment : message.attachments) {
+      std::string letters;
+      appendBase64(letters, attachment.data);
+      attachments.push_back({{"name", attachment.fileName},
+                             {"type", attachment.mimeType},
+                             {"data", std::move(letters)}});
+    }
+    return {{"event", "present"},         {"sheet", "mail"},           {"to", message.recipients},
+            {"subject", message.subject}, {"body", message.body},      {"html", message.isHTML},
+            {"attachments", attachments}, {"from", nameOf(event.from)}};
+  }
+  Json operator()(const DismissEvent& event) const {
+    return {{"event", "dismiss"}, {"sheet", event.sheet == SheetKind::kMail ? "mail" : "compose"}};
   }
   Json operator()(const LogEvent& event) const { return {{"event", "log"}, {"line", event.line}}; }
 };

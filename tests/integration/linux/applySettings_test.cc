@@ -6,6 +6,7 @@
 #include <regex>
 #include <unistd.h>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include "core/preferenceStore.h"
@@ -20,6 +21,8 @@
 #include "platform/foundation/NSBundle.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "root/QDPreferencesListController.h"
+#include "styles/QDButtonPickerCell.h"
+#include "styles/QDButtonStyleSelectionController.h"
 #include "tests/support/PaneTest.h"
 #include "tests/support/PrivateBus.h"
 
@@ -30,6 +33,7 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
+using testing::IsEmpty;
 
 constexpr const char* kChanged = "me.orlanvey.quietDial/PreferencesChanged";
 constexpr const char* kApplied = "me.orlanvey.quietdial/prefsChanged";
@@ -197,6 +201,29 @@ TEST_F(RealEffects, TwoRootPanesKillForEachWriteTwice) {
     EXPECT_EQ(monitor.nextName(), name);
   }
   expectNoZombie();
+}
+
+TEST_F(RealEffects, ACellsUnchangedValueLeavesTheFileAloneAndRestartsNothing) {
+  ASSERT_TRUE(joinBus());
+  const auto root = open<QDPreferencesListController>();
+  const auto pane = open<QDButtonStyleSelectionController>();
+  settle();
+  const auto file = root_ / "User/Library/Preferences/me.orlanvey.quietDial.plist";
+  struct stat before {};
+  ASSERT_EQ(stat(file.c_str(), &before), 0);
+  take();
+  BusMonitor monitor;
+
+  cast<QDButtonPickerCell>(cellAt(*pane, 1))->setPreferenceValueForKey(1, "dialButtonStyle");
+  settle();
+  EXPECT_THAT(take(), IsEmpty());
+  struct stat after {};
+  ASSERT_EQ(stat(file.c_str(), &after), 0);
+  EXPECT_EQ(after.st_ino, before.st_ino);
+  EXPECT_EQ(after.st_mtim.tv_sec, before.st_mtim.tv_sec);
+  EXPECT_EQ(after.st_mtim.tv_nsec, before.st_mtim.tv_nsec);
+  notifications_->broadcast(NotificationCall::kNotifyPost, "the end");
+  EXPECT_EQ(monitor.nextName(), "the end");
 }
 
 TEST_F(RealEffects, APostOfAnotherProcessAppliesTheSettings) {

@@ -12,8 +12,6 @@ namespace {
 // Images of the size of a preview; their frames take a while to decode.
 class FLAnimatedImageThreadsTest : public AnimatedTest {
  protected:
-  static constexpr double kSixtieth = 1.0 / 60;
-
   std::shared_ptr<NSData> bytes = data(frames(12, 320, 240));
   std::shared_ptr<NSData> largeBytes = data(twelveFramesOfWhichFiveAreKept());
   std::mt19937 random{6};

@@ -1,6 +1,6 @@
 #include "animated/FLAnimatedImage.h"
 
-#include <limits>
+#include <atomic>
 
 #include "platform/foundation/MainQueue.h"
 #include "platform/foundation/NSNull.h"
@@ -181,6 +181,14 @@ TEST_F(FLAnimatedImageTest, FramesOnTheirWayAreNotAskedForAgain) {
   image->imageLazilyCachedAtIndex(1);
   image->imageLazilyCachedAtIndex(2);
   EXPECT_THAT(image->requestedFrameIndexes().indexes(), ElementsAre(1, 2, 3, 4, 5, 6));
+  // All of them are decoded, but not delivered yet: asking again gives the queue nothing to do.
+  DispatchQueue::waitUntilAllIdle();
+  std::atomic<int> sent = 0;
+  MainQueue::shared().setWakeHook([&sent] { ++sent; });
+  image->imageLazilyCachedAtIndex(2);
+  DispatchQueue::waitUntilAllIdle();
+  MainQueue::shared().setWakeHook({});
+  EXPECT_EQ(sent, 0);
 }
 
 TEST_F(FLAnimatedImageTest, AnIndexPastTheEndChangesNothing) {
@@ -224,6 +232,9 @@ TEST_F(FLAnimatedImageTest, APictureThatCannotBeDrawnIsUsedAsItIs) {
   // Less than a point wide: there is no bitmap of that size.
   const auto thin = UIImage::imageWithCGImageScaleOrientation(pixels, 16, UIImageOrientation::kUp);
   EXPECT_EQ(FLAnimatedImage::predrawnImageFromImage(thin), thin);
+  // The pixels of a picture from a file are the host's.
+  const auto file = allocInit<UIImage>();
+  EXPECT_EQ(FLAnimatedImage::predrawnImageFromImage(file), file);
 }
 
 TEST_F(FLAnimatedImageTest, AMemoryWarningLeavesTheRequestedFrameAndThePoster) {

@@ -3,6 +3,7 @@
 #include "platform/uikit/metrics.h"
 #include "tests/support/HalfHighCell.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/bareRow.h"
 
 namespace {
 
@@ -20,8 +21,7 @@ class Pane : public PSListController {
 
  private:
   static std::shared_ptr<PSSpecifier> row(const char* name, std::optional<bool> dynamic) {
-    auto row = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-        name, nullptr, "", "", "", PSCellType::kDefault, "");
+    auto row = bareRow(name, PSCellType::kDefault);
     row->setPropertyForKey(&HalfHighCell::classObject, "cellClass");
     if (dynamic) {
       row->setPropertyForKey(PropertyListValue(*dynamic), "dynamicHeight");

@@ -9,14 +9,14 @@
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/bareRow.h"
 
 namespace {
 
 using testing::ElementsAre;
 
 std::shared_ptr<PSSpecifier> row(const char* name) {
-  return PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(name, nullptr, "", "", "",
-                                                                         PSCellType::kLink, "");
+  return bareRow(name, PSCellType::kLink);
 }
 
 // a, then the group g with b and c, then the empty group h.
@@ -52,6 +52,20 @@ class UnmakeablePane : public PSListController {
 constexpr ClassDescription UnmakeablePane::classObject{
     "UnmakeablePane", &PSListController::classObject, &allocObject<UnmakeablePane>, {}};
 constexpr std::array<const ClassDescription*, 1> kUnmakeable{&UnmakeablePane::classObject};
+
+// A cell whose set-up fails.
+class UnmakeableCell : public PSTableCell {
+ public:
+  static const ClassDescription classObject;
+  bool initWithStyleReuseIdentifierSpecifier(
+      UITableViewCellStyle /*style*/, std::string /*reuseIdentifier*/,
+      const std::shared_ptr<PSSpecifier>& /*specifier*/) override {
+    return false;
+  }
+};
+
+constexpr ClassDescription UnmakeableCell::classObject{
+    "UnmakeableCell", &PSTableCell::classObject, &allocObject<UnmakeableCell>, {}};
 
 class ListControllerTest : public PaneTest {
  protected:
@@ -215,8 +229,7 @@ TEST_F(ListControllerTest, AGroupMayNameItsHeadersClass) {
 
 TEST_F(ListControllerTest, ATapInTheTableOpensTheRowsPaneWhichKnowsTheRow) {
   const auto pane = open<Pane>();
-  const auto link = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-      "Further on", nullptr, "", "", "PSListController", PSCellType::kLink, "");
+  const auto link = bareRow("Further on", PSCellType::kLink, "PSListController");
   pane->replaceContiguousSpecifiersWithSpecifiersAnimated({pane->specifierForID("b")}, {link},
                                                           false);
   layOut();
@@ -227,11 +240,17 @@ TEST_F(ListControllerTest, ATapInTheTableOpensTheRowsPaneWhichKnowsTheRow) {
   EXPECT_EQ(opened->title(), "Further on");
 }
 
+TEST_F(ListControllerTest, APaneWithATitleOfItsOwnKeepsIt) {
+  const auto pane = allocInit<Pane>();
+  pane->setTitle("Its own");
+  pane->setSpecifier(row("The row's"));
+  EXPECT_EQ(pane->title(), "Its own");
+}
+
 TEST_F(ListControllerTest, AGroupOrATextFieldIsNeverChosen) {
   const auto pane = open<Pane>();
   for (const auto type : {PSCellType::kGroup, PSCellType::kEditText}) {
-    pane->selectSpecifier(PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-        "x", nullptr, "", "", "PSListController", type, ""));
+    pane->selectSpecifier(bareRow("x", type, "PSListController"));
     EXPECT_EQ(inner->topViewController(), pane);
   }
 }
@@ -273,6 +292,15 @@ TEST_F(ListControllerTest, AClassOfAnotherKindAsCellLeavesThePlatformsCell) {
   layOut();
   EXPECT_EQ(cellAt(*pane, 2)->textLabel()->text(), "b");
   EXPECT_EQ(cellAt(*pane, 3)->textLabel()->text(), "c");
+}
+
+TEST_F(ListControllerTest, ACellThatCannotBeSetUpLeavesThePlatformsCell) {
+  const auto pane = open<Pane>();
+  pane->specifierForID("b")->setPropertyForKey(&UnmakeableCell::classObject, "cellClass");
+  pane->reloadSpecifierIDAnimated("b", false);
+  layOut();
+  EXPECT_FALSE(cast<UnmakeableCell>(cellAt(*pane, 2)));
+  EXPECT_EQ(cellAt(*pane, 2)->textLabel()->text(), "b");
 }
 
 TEST_F(ListControllerTest, ARowWithNeitherPaneNorActionDoesNothing) {

@@ -6,15 +6,13 @@
 #include "platform/preferences/PSTextFieldSpecifier.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/bareRow.h"
 
 namespace {
 
 class RowCellTest : public PaneTest {
  protected:
-  static std::shared_ptr<PSSpecifier> row(PSCellType type) {
-    return PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit("Title", nullptr, "", "",
-                                                                           "", type, "");
-  }
+  static std::shared_ptr<PSSpecifier> row(PSCellType type) { return bareRow("Title", type); }
 
   // A row's cell as a pane would build it, laid out 320 points wide.
   template <class Cell = PSTableCell>
@@ -87,13 +85,22 @@ TEST_F(RowCellTest, ALongBadgeLeavesTheTitleItsRoom) {
   EXPECT_GE(cell->textLabel()->frame().size.width, cell->textLabel()->sizeThatFits(1000).width);
 }
 
+TEST_F(RowCellTest, BesideALongTitleALongBadgeKeepsAThirdOfTheRow) {
+  const auto specifier =
+      bareRow("A title that alone would fill the row from end to end", PSCellType::kLink);
+  specifier->setPropertyForKey(PropertyListValue("A badge that would fill the row as well"),
+                               "badgeString");
+  const auto cell = cellOf(specifier);
+  EXPECT_EQ(badgeOf(*cell)->frame().size.width,
+            cell->contentView()->frame().size.width / 3 - metrics::kTitleDetailGap);
+}
+
 TEST_F(RowCellTest, ARowIsSelectableWhenItLeadsSomewhere) {
   EXPECT_FALSE(cellOf(row(PSCellType::kLink))->isSelectable());
   const auto action = row(PSCellType::kButton);
   action->setAction("something");
   EXPECT_TRUE(cellOf(action)->isSelectable());
-  const auto pane = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-      "Title", nullptr, "", "", "PSListController", PSCellType::kLink, "");
+  const auto pane = bareRow("Title", PSCellType::kLink, "PSListController");
   EXPECT_TRUE(cellOf(pane)->isSelectable());
 }
 

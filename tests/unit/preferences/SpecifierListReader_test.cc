@@ -18,7 +18,10 @@ class Pane : public PSListController {
   std::optional<PropertyListValue> get(const PSSpecifier& /*row*/) { return kept; }
   void set(const PropertyListValue& value, const PSSpecifier& /*row*/) { kept = value; }
   std::optional<PropertyListValue> usualGet(const PSSpecifier& /*row*/) {
-    return "usual " + textOrNothing(kept).value_or("");
+    return "usually got: " + textOrNothing(kept).value_or("");
+  }
+  void usualSet(const PropertyListValue& value, const PSSpecifier& /*row*/) {
+    kept = "usually set: " + textOrNothing(value).value_or("");
   }
 
   std::optional<PropertyListValue> kept;
@@ -28,7 +31,7 @@ constexpr std::array kMethods{
     method<&Pane::get>("getIt:"),
     method<&Pane::set>("setIt:row:"),
     method<&Pane::usualGet>("readPreferenceValue:"),
-    method<&Pane::set>("setPreferenceValue:specifier:"),
+    method<&Pane::usualSet>("setPreferenceValue:specifier:"),
 };
 constexpr ClassDescription Pane::classObject{"Pane", &PSListController::classObject,
                                              &allocObject<Pane>, kMethods};
@@ -126,7 +129,7 @@ TEST_F(SpecifierListTest, ARowIsGotAndSetByTheSelectorsThatItNames) {
 TEST_F(SpecifierListTest, ARowIsGotAndSetByTheUsualSelectorsUnlessItNamesOthers) {
   const auto row = loadItem({{"label", "a"}})[0];
   row->setValue("x");
-  EXPECT_EQ(row->value(), PropertyListValue("usual x"));
+  EXPECT_EQ(row->value(), PropertyListValue("usually got: usually set: x"));
 }
 
 TEST_F(SpecifierListTest, AnIconIsLoadedFromTheBundle) {

@@ -1,15 +1,13 @@
 #include "prefix/prefixTableCell.h"
 
 #include "tests/support/PaneTest.h"
+#include "tests/support/bareRow.h"
 
 namespace {
 
 class PrefixTableCellTest : public PaneTest {
  protected:
-  static std::shared_ptr<PSSpecifier> row() {
-    return PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-        "Canada", nullptr, "", "", "", PSCellType::kListItem, "");
-  }
+  static std::shared_ptr<PSSpecifier> row() { return bareRow("Canada", PSCellType::kListItem); }
   static std::shared_ptr<prefixTableCell> cellFor(int checked, const char* detail) {
     const auto row = PrefixTableCellTest::row();
     row->setPropertyForKey(PropertyListValue(checked), "checked");

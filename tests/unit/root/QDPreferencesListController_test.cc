@@ -8,6 +8,7 @@
 #include "prefix/QDCountryPrefixController.h"
 #include "tests/support/HalfHighCell.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/bareRow.h"
 
 extern "C" const ClassTable quietDialPreferencesClasses;
 
@@ -44,9 +45,8 @@ class RootPaneTest : public PaneTest {
              item("Number", "dialerMode", 1),
              PropertyListDictionary{
                  {"cell", "PSButtonCell"}, {"label", "Apply"}, {"action", "applyChangedSettings"}},
-             PropertyListDictionary{{"cell", "PSLinkCell"},
-                                    {"label", "Credits"},
-                                    {"detail", "QDCreditsListController"}},
+             PropertyListDictionary{
+                 {"cell", "PSLinkCell"}, {"label", "Elsewhere"}, {"detail", "QDNowhereController"}},
              item("Systemwide Call Style", "systemwideStyleText", "Show always"),
              item("Button Style", "buttonStyleText", "Style 1 & 1"),
              PropertyListDictionary{{"cell", "PSLinkCell"},
@@ -61,8 +61,7 @@ class RootPaneTest : public PaneTest {
   }
 
   std::shared_ptr<QDPreferencesListController> openWithBadge(const Value& badge) {
-    const auto entry = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-        "QuietDial", nullptr, "", "", "QDPreferencesListController", PSCellType::kLink, "");
+    const auto entry = bareRow("QuietDial", PSCellType::kLink, "QDPreferencesListController");
     entry->setPropertyForKey(badge, "badgeString");
     return open<QDPreferencesListController>(entry);
   }
@@ -112,8 +111,7 @@ TEST_F(RootPaneTest, AnyOtherBadgeMeansNoUpdateRow) {
 }
 
 TEST_F(RootPaneTest, AnEntryWithoutABadgeAndNoEntryAtAllMeanNoUpdateRow) {
-  const auto entry = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
-      "QuietDial", nullptr, "", "", "QDPreferencesListController", PSCellType::kLink, "");
+  const auto entry = bareRow("QuietDial", PSCellType::kLink, "QDPreferencesListController");
   for (const auto& pane :
        {open<QDPreferencesListController>(entry), open<QDPreferencesListController>()}) {
     EXPECT_FALSE(pane->updateAvailable());
@@ -268,11 +266,11 @@ TEST_F(RootPaneTest, TheLastLoadedPaneIsPublishedWeakly) {
 
 TEST_F(RootPaneTest, ARowWhosePaneIsNotThereOpensAPageThatNamesTheClass) {
   const auto pane = open<QDPreferencesListController>();
-  pane->selectSpecifier(pane->specifierForID("Credits"));
+  pane->selectSpecifier(pane->specifierForID("Elsewhere"));
   const auto page = cast<PSListController>(inner->topViewController());
   ASSERT_NE(page, pane);
   const auto text = page->specifiers().front()->textForKey("footerText");
-  EXPECT_THAT(text.value_or(""), testing::HasSubstr("QDCreditsListController"));
+  EXPECT_THAT(text.value_or(""), testing::HasSubstr("QDNowhereController"));
 }
 
 TEST_F(RootPaneTest, TheRestartRowAppliesTheSettings) {

@@ -34,7 +34,8 @@ class StylePaneTest : public PaneTest {
   }
 
   static std::string path(const std::string& name, unsigned number) {
-    return std::string(kBundle) + "/" + name + "-" + std::to_string(number) + ".gif";
+    std::string path(kBundle);
+    return path.append("/").append(name).append("-").append(std::to_string(number)).append(".gif");
   }
 
   static std::shared_ptr<ModeStyleCell> styleCell(PSListController& pane) {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/preferences/PSListController.h"
+
+/// The makers and where they are found. Main thread.
+class QDCreditsListController : public PSListController {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  /// Actions of rows. Where an address leads is not looked at.
+  /// The maker's profile in the Twitter application, else on the web.
+  void followOnTwitter();
+  void donate();
+  void visitTallowbyte();
+
+  CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
+  /// The row "QDTallowbyte" is given the paths of its three pictures.
+  const PSSpecifiers& specifiers() override;
+  /// The separator of each section's first row runs the full width.
+  std::shared_ptr<UITableViewCell> tableViewCellForRowAtIndexPath(UITableView& table,
+                                                                  NSIndexPath indexPath) override;
+};

@@ -1,0 +1,22 @@
+#include "extras/QDSoftwareCreditsController.h"
+
+#include "core/rowHeight.h"
+
+constexpr ClassDescription QDSoftwareCreditsController::classObject{
+    "QDSoftwareCreditsController",
+    &PSListController::classObject,
+    &allocObject<QDSoftwareCreditsController>,
+    {}};
+
+const PSSpecifiers& QDSoftwareCreditsController::specifiers() {
+  if (!hasSpecifiers()) {
+    setSpecifiers(
+        loadSpecifiersFromPlistNameTarget("QDSoftwareCreditsPreferences", shared_from_this()));
+  }
+  return keptSpecifiers();
+}
+
+CGFloat QDSoftwareCreditsController::tableViewHeightForRowAtIndexPath(UITableView& table,
+                                                                      NSIndexPath indexPath) {
+  return heightForRow(*this, table, indexPath);
+}

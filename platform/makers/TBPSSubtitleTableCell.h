@@ -1,0 +1,24 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/api.h"
+#include "platform/preferences/PSTableCell.h"
+
+/// A row with its `detailText` below the title, in as many lines as it takes; rows mark it with
+/// `dynamicHeight`. Main thread.
+class PLATFORM_API TBPSSubtitleTableCell : public PSTableCell {
+ public:
+  static const ClassDescription classObject;
+  const ClassDescription& classDescription() const override { return classObject; }
+
+  bool initWithStyleReuseIdentifierSpecifier(
+      UITableViewCellStyle style, std::string reuseIdentifier,
+      const std::shared_ptr<PSSpecifier>& specifier) override;
+  CGFloat preferredHeightForWidth(CGFloat width) override;
+  void layoutSubviews() override;
+
+ private:
+  std::shared_ptr<UILabel> subtitle_;
+};

@@ -1,0 +1,10 @@
+import QtQuick
+import QuietDial.Settings
+
+Rectangle {
+    required property bool shown
+
+    width: 2
+    color: Theme.tint
+    visible: shown
+}

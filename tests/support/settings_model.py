@@ -1,0 +1,26 @@
+"""What the settings file and the list of events have to be; knows nothing of the program's code."""
+
+from drive import APPLIED, CHANGED, SETTINGS
+
+
+class SettingsModel:
+    def __init__(self, stored: dict, first_panes: int):
+        self.file = dict(stored)
+        self.first_panes = first_panes
+        self.events = []
+
+    def writes(self, key, value):
+        self.file[key] = value
+        self.events.append({"event": "write", "path": SETTINGS, "settings": dict(self.file), "ok": True})
+        self.events.append({"event": "post", "centre": "darwin", "name": CHANGED})
+
+    def take_events(self) -> list:
+        """What was written, then, once the turn is over, what each first pane does for each post."""
+        posts = sum(event["event"] == "post" for event in self.events)
+        applied = [
+            {"event": "spawn", "path": "/usr/bin/killall", "arguments": ["killall", "-9", "MobilePhone", "InCallService"], "environment": None},
+            {"event": "wait", "options": 4},
+            {"event": "post", "centre": "notify", "name": APPLIED},
+        ]
+        events, self.events = self.events + applied * (posts * self.first_panes), []
+        return events

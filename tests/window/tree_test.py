@@ -1,0 +1,126 @@
+"""What assistive technology is told of each page, against the kept files in trees/.
+
+QUIETDIAL_KEEP_TREES=1 in the environment writes the files anew, to be looked at and committed."""
+
+import difflib
+import os
+import tempfile
+import unittest
+
+import desktop
+
+TREES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "trees")
+PANES = ["SettingsListController", "QDPreferencesListController", "QDCountryPrefixController",
+         "QDButtonStyleSelectionController"]
+STATES = ["checked", "checkable", "editable", "enabled", "focusable"]
+SMALLEST_TARGET = 44
+
+
+class Tree(unittest.TestCase):
+    maxDiff = None
+
+    def open(self, pane):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        arguments = [] if pane == "SettingsListController" else ["--pane", pane]
+        self.application = desktop.Application(folder.name, "--size", "375x667", "--motion",
+                                               "reduced", "--effects", "none", *arguments)
+        self.addCleanup(self.application.close)
+
+    def told(self):
+        """One line for each element: role, name, states, actions, place in the window."""
+        lines, left, top = [], 0, 0
+
+        def walk(element, depth):
+            nonlocal left, top
+            x, y, width, height = self.application.place(element)
+            if element.getRoleName() == "frame":
+                left, top = x, y
+            states = self.application.states(element)
+            action = element.queryAction() if "Action" in element.get_interfaces() else None
+            actions = [action.getName(i) for i in range(action.nActions)] if action else []
+            parts = [element.getRoleName(), "“" + element.name.replace("\n", "⏎") + "”",
+                     " ".join(state for state in STATES if state in states),
+                     "/".join(actions), f"{x - left},{y - top} {width}x{height}"]
+            lines.append("  " * depth + "  ".join(part for part in parts if part))
+            for child in element:
+                walk(child, depth + 1)
+
+        self.application.wait_for("list", "Settings")
+        for window in self.application.top():
+            walk(window, 0)
+        return lines
+
+    def settled(self):
+        former = None
+        def same():
+            nonlocal former
+            former, now = self.told(), former
+            return former == now
+        desktop.wait_for(same, "the page to rest")
+        return former
+
+    def test_each_page_tells_what_is_kept(self):
+        for pane in PANES:
+            with self.subTest(pane=pane):
+                self.open(pane)
+                lines = self.settled()
+                self.application.close()
+                path = os.path.join(TREES, pane + ".txt")
+                if os.environ.get("QUIETDIAL_KEEP_TREES"):
+                    os.makedirs(TREES, exist_ok=True)
+                    with open(path, "w", encoding="utf-8") as file:
+                        file.write("\n".join(lines) + "\n")
+                with open(path, encoding="utf-8") as file:
+                    kept = file.read().splitlines()
+                difference = "\n".join(difflib.unified_diff(kept, lines, "kept", "told",
+                                                            lineterm=""))
+                self.assertEqual(difference, "")
+
+    def test_what_can_be_pressed_is_large_enough_for_a_finger_and_nothing_of_it_overlaps(self):
+        for pane in PANES:
+            with self.subTest(pane=pane):
+                self.open(pane)
+                self.settled()
+                taken = []
+                for element in self.application.elements():
+                    role = element.getRoleName()
+                    if role not in ("push button", "radio button", "text"):
+                        continue
+                    x, y, width, height = self.application.place(element)
+                    self.assertGreaterEqual(width, SMALLEST_TARGET, element.name)
+                    self.assertGreaterEqual(height, SMALLEST_TARGET, element.name)
+                    if element.parent.getRoleName() == "list":
+                        for left, top, right, bottom in taken:
+                            self.assertTrue(x >= right or x + width <= left or y >= bottom
+                                            or y + height <= top, element.name)
+                        taken.append((x, y, x + width, y + height))
+                self.application.close()
+
+    def test_a_chosen_row_is_announced_with_its_new_state(self):
+        import pyatspi
+        self.open("QDCountryPrefixController")
+        self.application.wait_for("radio button", "Algeria")
+        heard = []
+        def listen(event):
+            if event.source.getApplication().get_process_id() == self.application.process.pid:
+                heard.append((event.type.split(":")[-1], event.source.name, event.detail1,
+                              "checked" in self.application.states(event.source)))
+        pyatspi.Registry.registerEventListener(listen, "object:state-changed:focused")
+        self.addCleanup(pyatspi.Registry.deregisterEventListener, listen,
+                        "object:state-changed:focused")
+        row = self.application.wait_for("radio button", "UK, one four one")
+        row.queryAction().doAction(0)
+        self.application.wait_for_state("radio button", "UK, one four one", "checked")
+
+        def announced():
+            from gi.repository import GLib
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return ("focused", "UK, one four one", 1, True) in heard
+        desktop.wait_for(announced, "the chosen row to be announced")
+
+
+if __name__ == "__main__":
+    desktop.in_own_desktop()
+    unittest.main()
