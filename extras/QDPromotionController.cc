@@ -22,7 +22,7 @@ constexpr double kPatience = 30;  // seconds
 constexpr int kSpinnerHeight = 100;
 
 std::string pageURL() {
-  std::string url(kCataloguePageURL);
+  std::string url = cataloguePageURL();
   const auto unseen = unseenTweaks.tweaks();
   if (!unseen || unseen->empty()) {
     return url;

@@ -119,7 +119,7 @@ std::shared_ptr<const Tweaks> QDPreferencesListController::getUnseenTweaks() {
 // In the background. Several may overlap; each replaces the lists as a whole, and the last one
 // wins.
 void QDPreferencesListController::fetchCatalogue() {
-  const auto text = services().fetches->stringWithContentsOfURL(std::string(kCatalogueListURL));
+  const auto text = services().fetches->stringWithContentsOfURL(catalogueListURL());
   if (!text) {
     return;
   }

@@ -1,11 +1,20 @@
 #include "root/tweakCatalogue.h"
 
 #include <algorithm>
-#include <string>
 #include <unordered_set>
+
+#include "platform/makers/addresses.h"
 
 constinit TweakList availableTweaks;
 constinit TweakList unseenTweaks;
+
+std::string cataloguePageURL() {
+  return std::string(addresses::kCatalogue) + "?id=me.orlanvey.quietdial";
+}
+
+std::string catalogueListURL() {
+  return cataloguePageURL() + "&list=1";
+}
 
 Tweaks tweaksFromList(std::string_view text) {
   Tweaks tweaks;

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "core/export.h"
@@ -11,11 +12,10 @@
 /// The maker's catalogue of other tweaks. Its server answers two requests at one path: the list of
 /// all identifiers, joined by "|", and a page that presents them.
 
-/// The page; the requests for it and for the list begin with this.
-inline constexpr std::string_view kCataloguePageURL =
-    "http://tweaks.tallowbyte.example/tweaks/tweaks.php?id=me.orlanvey.quietdial";
-inline constexpr std::string_view kCatalogueListURL =
-    "http://tweaks.tallowbyte.example/tweaks/tweaks.php?id=me.orlanvey.quietdial&list=1";
+/// The page; the requests for it and for the list begin with this. Any thread.
+std::string cataloguePageURL();
+std::string catalogueListURL();
+
 /// Stands between two identifiers, in the list as in requests.
 inline constexpr char kTweakSeparator = '|';
 

@@ -17,9 +17,9 @@
 #include "linux/propertylist/PropertyListSerialization.h"
 
 // The settings file beside what a program of this desktop would use instead, and beside the floor
-// of the same system calls. Run it on a private session bus and a folder on the disk that matters:
-//   dbus-run-session env XDG_CONFIG_HOME=$(mktemp -d) QUIETDIAL_BENCH_DIR=DIR
-//   build/bench/store_bench
+// of the same system calls. Run it on a private session bus, whose dconf then writes into a folder
+// of its own too, and a folder on the disk that matters:
+//   XDG_CONFIG_HOME=$(mktemp -d) QUIETDIAL_BENCH_DIR=DIR dbus-run-session build/bench/store_bench
 
 namespace {
 

@@ -8,6 +8,8 @@ namespace addresses {
 
 inline constexpr std::string_view kSupportMail = "support@tallowbyte.example";
 inline constexpr std::string_view kWebsiteHost = "www.tallowbyte.example";
+/// The catalogue of the maker's other tweaks; what is asked of it follows in a query.
+inline constexpr std::string_view kCatalogue = "http://tweaks.tallowbyte.example/tweaks/tweaks.php";
 inline constexpr std::string_view kTwitterHost = "twitter.example";
 inline constexpr std::string_view kPayPalHost = "www.paypal.example";
 inline constexpr std::string_view kDonationButton = "QUIETDIALEXAMPLE";

@@ -37,8 +37,10 @@ class Start(unittest.TestCase):
         return next(pid for pid in family if standins.name_of(pid) == self.WINDOW)
 
     def wait_for_end(self, script, family):
-        desktop.wait_for(lambda: not any(map(standins.is_running, family)), "all to end")
-        return script.process.wait(desktop.PATIENCE)
+        """The status of the script, which has waited for all the others."""
+        status = script.process.wait(desktop.PATIENCE)
+        self.assertFalse([standins.name_of(pid) for pid in family if standins.is_running(pid)])
+        return status
 
     def test_the_window_is_closed(self):
         script, family = self.start(self.ALL)
@@ -65,7 +67,7 @@ class Start(unittest.TestCase):
     def test_the_script_is_killed(self):
         script, family = self.start(self.ALL)
         script.process.kill()
-        self.wait_for_end(script, family)
+        desktop.wait_for(lambda: not any(map(standins.is_running, family)), "all to end")
 
     def test_without_a_session_bus_it_has_one_of_its_own(self):
         script, family = self.start(self.ALL + 1, DBUS_SESSION_BUS_ADDRESS="", XDG_RUNTIME_DIR="/nowhere")

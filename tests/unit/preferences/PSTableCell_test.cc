@@ -60,7 +60,7 @@ TEST_F(RowCellTest, ABadgeIsAPillInWhiteOnRed) {
   const auto cell = badged(PSCellType::kLink, "2 new");
   const auto badge = badgeOf(*cell);
   EXPECT_EQ(badge->text(), "2 new");
-  EXPECT_EQ(badge->font(), metrics::kBadgeFont);
+  EXPECT_EQ(badge->font(), UIFont::preferredFontForTextStyle(metrics::kBadgeStyle));
   EXPECT_EQ(badge->textColor(), UIColor::whiteColor());
   EXPECT_EQ(badge->textAlignment(), NSTextAlignment::kCenter);
   EXPECT_EQ(badge->backgroundColor(), metrics::kBadgeColor);

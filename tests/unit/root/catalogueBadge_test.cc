@@ -31,7 +31,7 @@ class CatalogueBadgeTest : public PaneTest {
                   }}};
   }
 
-  void answer(const std::string& list) { web->setText(std::string(kCatalogueListURL), list); }
+  void answer(const std::string& list) { web->setText(catalogueListURL(), list); }
 
   // The pane after its fetch has ended and the row was reloaded.
   std::shared_ptr<QDPreferencesListController> openAndSettle() {
