@@ -77,7 +77,12 @@ void ViewSurface::fit() {
   if (!fillsSurface_) {
     setImplicitSize(root_->frame().size.width, root_->frame().size.height);
   } else if (width() > 0 && height() > 0) {
-    root_->setFrame(CGRectMake(0, 0, width(), height()));
+    const CGRect frame = CGRectMake(0, 0, width(), height());
+    // What holds the page has its size, from which mirrored places are counted.
+    if (const auto holder = root_->superview()) {
+      holder->setFrame(frame);
+    }
+    root_->setFrame(frame);
   }
   if (mirror_) {
     mirror_->scheduleCommit();

@@ -11,24 +11,17 @@
 #include <sys/prctl.h>
 #include <sys/wait.h>
 
-#include "headless/ManualDisplayRefresh.h"
-#include "headless/RecordingAddresses.h"
-#include "headless/RecordingSheets.h"
-#include "headless/TableTextMeasurer.h"
 #include "linux/DBusNotifications.h"
 #include "linux/DeviceFileService.h"
-#include "linux/PictureHeaderService.h"
 #include "linux/PollHost.h"
 #include "linux/PosixProcessService.h"
-#include "linux/StandardErrorLog.h"
 #include "linux/SystemClock.h"
-#include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/foundation/NSBundle.h"
-#include "platform/uikit/UINavigationController.h"
 #include "prefix/QDCountryPrefixController.h"
 #include "root/QDPreferencesListController.h"
+#include "tests/support/PaneTest.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/processNamespace.h"
 
@@ -43,7 +36,6 @@ extern "C" const ClassTable quietDialPreferencesClasses;
 namespace {
 
 constexpr const char* kApplied = "me.orlanvey.quietdial/prefsChanged";
-constexpr const char* kBundle = "/Library/PreferenceBundles/quietDialPreferences.bundle";
 constexpr int kWaitExited = 4;
 
 // The other process: writes one byte to its pipe for each time that it hears of settings in force,
@@ -109,36 +101,25 @@ void startIdleProcesses() {
   }
 }
 
-// The panes on the real services.
-struct Panes {
+// The panes, with the services that matter here real.
+class Panes : public PaneTest {
+ public:
   Panes() {
     const char* given = std::getenv("QUIETDIAL_BENCH_DIR");
     const auto folder =
         (given ? std::filesystem::path(given) : std::filesystem::temp_directory_path()) /
         "quietdial-bench";
-    const auto paths = std::make_shared<DevicePaths>(folder, "/nowhere");
-    const auto recorder = std::make_shared<Recorder>();
-    installServices({
-        .clock = std::make_shared<SystemClock>(),
-        .files = std::make_shared<DeviceFileService>(paths),
-        .notifications = notifications,
-        .processes = std::make_shared<PosixProcessService>(),
-        .addresses =
-            std::make_shared<RecordingAddresses>(recorder, std::set<std::string>{}, nullptr),
-        .text = std::make_shared<TableTextMeasurer>(),
-        .pictures = std::make_shared<PictureHeaderService>(paths),
-        .sheets = std::make_shared<RecordingSheets>(recorder),
-        .displayRefresh = std::make_shared<ManualDisplayRefresh>(),
-        .log = std::make_shared<StandardErrorLog>(),
-    });
-    registerClasses(platformClasses());
+    auto real = services();
+    real.clock = std::make_shared<SystemClock>();
+    real.files =
+        std::make_shared<DeviceFileService>(std::make_shared<DevicePaths>(folder, "/nowhere"));
+    real.notifications = notifications;
+    real.processes = std::make_shared<PosixProcessService>();
+    installServices(real);
     NSBundle::load(kBundle, quietDialPreferencesClasses);
     root = allocInit<QDPreferencesListController>();
-    prefixes = allocInit<QDCountryPrefixController>();
-    stack_ = allocInit<UINavigationController>();
-    stack_->pushViewControllerAnimated(prefixes, false);
-    prefixes->view()->layoutIfNeeded();
-    MainQueue::shared().drain();
+    prefixes = open<QDCountryPrefixController>();
+    settle();
     PollHost(*notifications)
         .runUntil([this] { return notifications->state() == DBusNotifications::State::kListening; },
                   std::chrono::minutes(1));
@@ -152,7 +133,7 @@ struct Panes {
   std::shared_ptr<QDCountryPrefixController> prefixes;
 
  private:
-  std::shared_ptr<UINavigationController> stack_;
+  void TestBody() override {}
 };
 
 Panes* panes = nullptr;

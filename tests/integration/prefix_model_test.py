@@ -57,10 +57,6 @@ class Model(SettingsModel):
 
 
 class PrefixPane(unittest.TestCase):
-    def check(self, drive, model):
-        self.assertEqual(drive.events(), model.take_events())
-        self.assertEqual(drive.settings(), model.file)
-
     def check_rows(self, drive, model):
         rows = drive.rows()
         self.assertEqual([row["title"] for row in rows if row["properties"].get("checked") == 1], model.checked())
@@ -83,7 +79,7 @@ class PrefixPane(unittest.TestCase):
                 drive.do("push", pane="QDPreferencesListController")
             drive.do("push", pane="QDCountryPrefixController")
             model = Model(stored, first_panes)
-            self.check(drive, model)
+            model.check(self, drive)
             for step in range(1000):
                 choice = random_.random()
                 if choice < 0.55:
@@ -102,9 +98,10 @@ class PrefixPane(unittest.TestCase):
                     drive.do("tap", row=random_.choice([0, 35, FIELD_ROW]))
                 else:
                     drive.do("pop")
+                    model.first_page_appears()
                     drive.do("push", pane="QDCountryPrefixController")
                     model.opens()
-                self.check(drive, model)
+                model.check(self, drive)
                 if step % 50 == 0:
                     self.check_rows(drive, model)
             self.check_rows(drive, model)

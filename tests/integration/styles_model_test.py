@@ -98,10 +98,6 @@ class Model(SettingsModel):
 
 
 class StylePanes(unittest.TestCase):
-    def check(self, drive, model):
-        self.assertEqual(drive.events(), model.take_events())
-        self.assertEqual(drive.settings(), model.file)
-
     def views(self, drive, row, kind):
         found = []
 
@@ -134,6 +130,7 @@ class StylePanes(unittest.TestCase):
     def step(self, drive, model, random_):
         if random_.random() < 0.08:
             drive.do("pop")
+            model.first_page_appears()
             if model.first_panes:
                 self.check_summaries(drive, model)
             pane = random_.choice([DIAL, SYSTEMWIDE, BUTTONS])
@@ -167,14 +164,15 @@ class StylePanes(unittest.TestCase):
             for pane in (DIAL, SYSTEMWIDE, BUTTONS) * 2:
                 drive.do("push", pane=pane)
                 model.opens(pane)
-                self.check(drive, model)
+                model.check(self, drive)
                 self.check_views(drive, model)
                 drive.do("pop")
+                model.first_page_appears()
             drive.do("push", pane=DIAL)
             model.opens(DIAL)
             for step in range(1000):
                 self.step(drive, model, random_)
-                self.check(drive, model)
+                model.check(self, drive)
                 if step % 20 == 0:
                     self.check_views(drive, model)
             self.check_views(drive, model)

@@ -10,15 +10,23 @@ namespace {
 std::atomic<std::ptrdiff_t> current{0};
 std::atomic<std::ptrdiff_t> highest{0};
 
-void* take(std::size_t size) {
+void* takeOrNull(std::size_t size) noexcept {
   void* block = std::malloc(size == 0 ? 1 : size);
   if (!block) {
-    throw std::bad_alloc();
+    return nullptr;
   }
   const auto taken = static_cast<std::ptrdiff_t>(malloc_usable_size(block));
   const auto now = current.fetch_add(taken) + taken;
   auto before = highest.load();
   while (now > before && !highest.compare_exchange_weak(before, now)) {
+  }
+  return block;
+}
+
+void* take(std::size_t size) {
+  void* block = takeOrNull(size);
+  if (!block) {
+    throw std::bad_alloc();
   }
   return block;
 }
@@ -46,6 +54,12 @@ void* operator new(std::size_t size) {
 }
 void* operator new[](std::size_t size) {
   return take(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return takeOrNull(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+  return takeOrNull(size);
 }
 void operator delete(void* block) noexcept {
   give(block);

@@ -2,12 +2,32 @@
 
 from drive import APPLIED, CHANGED, SETTINGS
 
+# A first page asks the maker's catalogue whenever it appears; no server answers in these tests.
+FETCH = {
+    "event": "fetch",
+    "url": "http://tweaks.tallowbyte.example/tweaks/tweaks.php?id=me.orlanvey.quietdial&list=1",
+    "ok": False,
+}
+
 
 class SettingsModel:
     def __init__(self, stored: dict, first_panes: int):
         self.file = dict(stored)
         self.first_panes = first_panes
         self.events = []
+        self.fetches = first_panes
+
+    def first_page_appears(self):
+        if self.first_panes:
+            self.fetches += 1
+
+    def check(self, test, drive):
+        """What is asked for in the background has no place among what happens one after another."""
+        happened = drive.events()
+        test.assertEqual([event for event in happened if event["event"] != "fetch"], self.take_events())
+        test.assertEqual([event for event in happened if event["event"] == "fetch"], [FETCH] * self.fetches)
+        self.fetches = 0
+        test.assertEqual(drive.settings(), self.file)
 
     def writes(self, key, value):
         self.file[key] = value

@@ -48,7 +48,7 @@ class CatalogueJourney(unittest.TestCase):
         return application
 
     def press(self, application, role, name):
-        application.wait_for(role, name).queryAction().doAction(0)
+        application.press(role, name)
 
     def page_place(self, application):
         return application.place(application.wait_for("document web", "Web page"))

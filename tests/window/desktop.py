@@ -111,15 +111,21 @@ class Application:
         return list(self._application)
 
     def find(self, role, name):
-        """The element of that role whose name begins so, or None."""
+        """The element of that role and exactly that name, else the first whose name begins so, or
+        None."""
         import pyatspi  # noqa: F401
+        beginning = None
         for element in self.elements():
             try:
-                if element.getRoleName() == role and element.name.startswith(name):
+                if element.getRoleName() != role:
+                    continue
+                if element.name == name:
                     return element
-            except Exception:  # it went while it was asked
+                if beginning is None and element.name.startswith(name):
+                    beginning = element
+            except Exception:  # it has gone meanwhile
                 continue
-        return None
+        return beginning
 
     def wait_for(self, role, name):
         return wait_for(lambda: self.find(role, name), f"{role} “{name}”")
@@ -133,6 +139,22 @@ class Application:
             element = self.find(role, name)
             return element if element and state in self.states(element) else None
         return wait_for(ask, f"{role} “{name}” to be {state}")
+
+    def press(self, role, name):
+        """Uses the one press action of an element, once it has it: while a page comes or goes it has
+        none."""
+        def ready():
+            element = self.find(role, name)
+            try:
+                if not element or "enabled" not in self.states(element):
+                    return None
+                action = element.queryAction()
+                names = [action.getName(index) for index in range(action.nActions)]
+                return (action, names.index("Press")) if names.count("Press") == 1 else None
+            except Exception:  # it has gone meanwhile
+                return None
+        action, index = wait_for(ready, f"{role} “{name}” to be ready")
+        assert action.doAction(index), name
 
     def place(self, element):
         """x, y, width and height on the screen."""

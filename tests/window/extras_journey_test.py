@@ -74,21 +74,8 @@ class Extras(unittest.TestCase):
         self.application = desktop.Application(self.path("root"), "--pane", pane, *arguments)
         self.addCleanup(self.application.close)
 
-    def find(self, role, name):
-        """The element of exactly that name, else the one whose name begins so."""
-        for element in self.application.elements():
-            if (element.getRoleName(), element.name) == (role, name):
-                return element
-        return self.application.find(role, name)
-
     def press(self, role, name):
-        def ready():
-            element = self.find(role, name)
-            return element if element and "enabled" in self.application.states(element) else None
-        action = desktop.wait_for(ready, f"{role} “{name}” to be ready").queryAction()
-        names = [action.getName(index) for index in range(action.nActions)]
-        self.assertEqual(names.count("Press"), 1, names)
-        self.assertTrue(action.doAction(names.index("Press")))
+        self.application.press(role, name)
 
     def gone(self, role, name):
         desktop.wait_for(lambda: not self.application.find(role, name), f"{role} “{name}” to go")
@@ -101,7 +88,7 @@ class Extras(unittest.TestCase):
 
     def on(self, role, name):
         def ask():
-            element = self.find(role, name)
+            element = self.application.find(role, name)
             return element and "focused" in self.application.states(element)
         desktop.wait_for(ask, f"{role} “{name}” to have the keyboard")
 

@@ -53,7 +53,7 @@ class StylesJourney(unittest.TestCase):
         self.assertTrue(action.doAction(names.index("Press")))
 
     def press(self, role, name):
-        self.do_press(self.application.wait_for(role, name))
+        self.application.press(role, name)
 
     def keys(self, *keys):
         desktop.xdotool("key", *keys)
