@@ -110,7 +110,7 @@ std::shared_ptr<const Tweaks> QDPreferencesListController::getUnseenTweaks() {
   if (!available) {
     return nullptr;
   }
-  const auto unseen =
+  auto unseen =
       std::make_shared<const Tweaks>(tweaksNotSeen(*available, readPreference(kSeenTweaksKey)));
   unseenTweaks.setTweaks(unseen);
   return unseen;
