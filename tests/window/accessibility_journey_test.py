@@ -56,7 +56,7 @@ class AccessibilityJourney(unittest.TestCase):
                          "I'm loving #QuietDial from @Tallowbyte!")
         self.assertTrue(self.application.find("push button", "Post"))
         # What lies under the sheet cannot be used.
-        covered = self.application.find("push button", "Hide Caller ID Prefix")
+        covered = self.application.wait_for("push button", "Hide Caller ID Prefix")
         self.assertNotIn("enabled", self.application.states(covered))
         self.press("push button", "Cancel")
         desktop.wait_for(lambda: not self.application.find("dialog", "Twitter"),
