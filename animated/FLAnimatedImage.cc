@@ -211,7 +211,7 @@ std::shared_ptr<UIImage> FLAnimatedImage::imageLazilyCachedAtIndex(NSUInteger in
       addFrameIndexesToCache(missing);
     }
   }
-  const auto image = cast<UIImage>(_cachedFrames[index]);
+  auto image = cast<UIImage>(_cachedFrames[index]);
   purgeFrameCacheIfNeeded();
   return image;
 }

@@ -1,5 +1,6 @@
 #include <QBuffer>
-#include <QMovie>
+#include <QImageReader>
+#include <memory>
 
 #include <benchmark/benchmark.h>
 
@@ -12,7 +13,7 @@
 #include "platform/uikit/UIWindow.h"
 
 // What the main thread does at the refreshes of an animation of 60 frames of 580 x 420: with frames
-// decoded ahead, and beside it with a toolkit's player, which decodes when a frame is due.
+// decoded ahead, and beside it the toolkit's reader, decoding when a frame is due.
 
 namespace {
 
@@ -52,25 +53,27 @@ void refreshWithFramesDecodedAhead(benchmark::State& state) {
   }
 }
 
-void frameWithTheToolkitsPlayer(benchmark::State& state) {
+void frameWithTheToolkitsReader(benchmark::State& state) {
   QByteArray bytes(reinterpret_cast<const char*>(data()->data()),
                    static_cast<qsizetype>(data()->size()));
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::ReadOnly);
-  QMovie movie(&buffer);
-  movie.jumpToFrame(0);
+  std::unique_ptr<QImageReader> reader;
+  QImage frame;
   for (auto _ : state) {
-    if (!movie.jumpToNextFrame()) {
+    if (!reader || !reader->canRead()) {
       state.PauseTiming();
-      movie.jumpToFrame(0);
+      buffer.seek(0);
+      reader = std::make_unique<QImageReader>(&buffer, "gif");
       state.ResumeTiming();
     }
-    benchmark::DoNotOptimize(movie.currentImage().constBits());
+    reader->read(&frame);
+    benchmark::DoNotOptimize(frame.constBits());
   }
 }
 
 BENCHMARK(refreshWithFramesDecodedAhead)->Unit(benchmark::kMicrosecond);
-BENCHMARK(frameWithTheToolkitsPlayer)->Unit(benchmark::kMicrosecond);
+BENCHMARK(frameWithTheToolkitsReader)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -27,7 +27,7 @@ void UINavigationController::pushViewControllerAnimated(
 }
 
 std::shared_ptr<UIViewController> UINavigationController::popViewControllerAnimated(bool animated) {
-  const auto leaving = topViewController();
+  auto leaving = topViewController();
   if (!leaving) {
     return nullptr;
   }

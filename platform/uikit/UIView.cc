@@ -127,6 +127,7 @@ CGSize UIView::intrinsicContentSize() const {
 }
 
 void UIView::invalidateIntrinsicContentSize() {
+  setNeedsLayout();
   if (const auto parent = superview()) {
     parent->setNeedsLayout();
   }
