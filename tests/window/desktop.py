@@ -1,8 +1,8 @@
 """A desktop of its own for a test: X server, process namespace, session bus and accessibility bus,
 without a window manager, and the Settings application in it."""
 
+import contextlib
 import os
-import shutil
 import struct
 import subprocess
 import sys
@@ -31,19 +31,35 @@ def in_own_desktop():
     if os.environ.get("QUIETDIAL_TEST_DESKTOP"):
         return
     isolation = namespace()
-    runtime = tempfile.mkdtemp()
-    os.chmod(runtime, 0o700)
-    try:
+    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as runtime, x_server(runtime) as display:
         environment = dict(os.environ, QUIETDIAL_TEST_DESKTOP="isolated" if isolation else "open",
-                           XDG_RUNTIME_DIR=runtime,
+                           XDG_RUNTIME_DIR=runtime, DISPLAY=display,
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
-        status = subprocess.run(
-            ["xvfb-run", "-a", "-s", f"-screen 0 800x1000x24 -fbdir {runtime}", *isolation,
-             "dbus-run-session", "--", sys.executable, "-B", "-W", "ignore", *sys.argv],
-            env=environment, check=False).returncode
-    finally:
-        shutil.rmtree(runtime, ignore_errors=True)
+        status = subprocess.run([*isolation, "dbus-run-session", "--",
+                                 sys.executable, "-B", "-W", "ignore", *sys.argv],
+                                env=environment, check=False).returncode
     sys.exit(status)
+
+
+@contextlib.contextmanager
+def x_server(folder):
+    """A virtual X server whose picture is a file in `folder`; gives its display's name. The server
+    takes the first display that is free, so that two that start at once never meet, and without
+    `-noreset` it would turn the next program away while it clears up after the last."""
+    reader, writer = os.pipe()
+    server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp",
+                               "-screen", "0", "800x1000x24", "-fbdir", folder],
+                              pass_fds=[writer], stderr=subprocess.DEVNULL)
+    os.close(writer)
+    try:
+        with open(reader, encoding="ascii") as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise RuntimeError("the virtual X server did not start")
+        yield ":" + number
+    finally:
+        server.terminate()
+        server.wait(PATIENCE)
 
 
 def is_isolated():
