@@ -83,9 +83,11 @@ bool AtomicFile::replace(std::string_view bytes) {
   if (old.outcome == Outcome::kNotAFile || old.outcome == Outcome::kTooLarge) {
     return false;
   }
-  if (old.outcome != Outcome::kAbsent) {
-    old_ = old.status;
+  // Whose file it is and who may read it is not known: a new one could lock its owner out.
+  if (old.outcome != Outcome::kAbsent && !old.status) {
+    return false;
   }
+  old_ = old.status;
   const bool damaged =
       old.outcome == Outcome::kUnreadable || (old.outcome == Outcome::kRead && !check_(old.bytes));
   sweepTemporaries();

@@ -7,6 +7,7 @@
 FileContents readFile(int directory, const std::string& path, std::size_t bound, int flags) {
   using Outcome = FileContents::Outcome;
   FileContents contents;
+  struct stat status {};
   const FileDescriptor file(
       openat(directory, path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | flags));
   if (!file) {
@@ -14,25 +15,28 @@ FileContents readFile(int directory, const std::string& path, std::size_t bound,
     if (reason == ENOENT || reason == ENOTDIR) {
       return contents;
     }
-    const bool known = fstatat(directory, path.c_str(), &contents.status, 0) == 0;
+    if (fstatat(directory, path.c_str(), &status, 0) == 0) {
+      contents.status = status;
+    }
     contents.outcome =
-        known && !S_ISREG(contents.status.st_mode) ? Outcome::kNotAFile : Outcome::kUnreadable;
+        contents.status && !S_ISREG(status.st_mode) ? Outcome::kNotAFile : Outcome::kUnreadable;
     return contents;
   }
-  if (fstat(file.get(), &contents.status) != 0) {
+  if (fstat(file.get(), &status) != 0) {
     contents.outcome = Outcome::kUnreadable;
     return contents;
   }
-  if (!S_ISREG(contents.status.st_mode)) {
+  contents.status = status;
+  if (!S_ISREG(status.st_mode)) {
     contents.outcome = Outcome::kNotAFile;
     return contents;
   }
-  if (static_cast<std::size_t>(contents.status.st_size) > bound) {
+  if (static_cast<std::size_t>(status.st_size) > bound) {
     contents.outcome = Outcome::kTooLarge;
     return contents;
   }
   // One byte more than the file has, so that its end is seen, and growth while it is read.
-  contents.bytes.resize(static_cast<std::size_t>(contents.status.st_size) + 1);
+  contents.bytes.resize(static_cast<std::size_t>(status.st_size) + 1);
   std::size_t length = 0;
   while (true) {
     const ssize_t count =

@@ -18,8 +18,8 @@ struct FileContents {
   };
 
   Outcome outcome = Outcome::kAbsent;
-  std::string bytes;      ///< Where it was read.
-  struct stat status {};  ///< Where there is a file and its status could be asked.
+  std::string bytes;                  ///< Where it was read.
+  std::optional<struct stat> status;  ///< Where there is a file and its status could be asked.
 };
 
 /// Reads a regular file of at most `bound` bytes. Never blocks on a pipe or a device. `directory`

@@ -116,6 +116,7 @@ TEST_F(BrokenWrites, AnErrorOfAnyCallLeavesTheOldOrTheNewFileAndNothingElse) {
     ASSERT_TRUE(write(1));
     result = writeWithFault(2, calls + 1, 0);
   }
+  const auto permissions = fs::status(folder() / "s.plist").permissions();
   for (const int error : {EIO, ENOSPC, EINTR, EDQUOT}) {
     int failures = 0;
     for (int call = 1; call <= calls; ++call) {
@@ -128,6 +129,8 @@ TEST_F(BrokenWrites, AnErrorOfAnyCallLeavesTheOldOrTheNewFileAndNothingElse) {
       ASSERT_TRUE(result == 0 || result == 3) << call << " " << error;
       // What the writer says is what the file is.
       EXPECT_EQ(generation(), result == 0 ? 2 : 1) << call << " " << error;
+      EXPECT_EQ(fs::status(folder() / "s.plist").permissions(), permissions)
+          << call << " " << error;
       failures += result == 3 ? 1 : 0;
       ASSERT_TRUE(write(3));
       for (const auto& entry : fs::directory_iterator(folder())) {
