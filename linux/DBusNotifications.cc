@@ -19,7 +19,7 @@ constexpr const char* kSignal = "Posted";
 
 constexpr std::chrono::milliseconds kFirstPause(250);
 constexpr std::chrono::milliseconds kLongestPause(30'000);
-constexpr std::chrono::seconds kPatienceAtTheEnd(1);
+constexpr std::chrono::seconds kPatienceAtTheEnd(5);
 // What one turn of the host's loop handles at most, so that a flood of posts does not keep the host
 // from everything else.
 constexpr int kMostAtOnce = 64;

@@ -43,7 +43,7 @@ class DBusNotifications final : public NotificationBroadcaster {
   DBusNotifications& operator=(const DBusNotifications&) = delete;
   DBusNotifications(DBusNotifications&&) = delete;
   DBusNotifications& operator=(DBusNotifications&&) = delete;
-  /// Sends what is still queued, for a second at most.
+  /// Sends what is still queued, for five seconds at most.
   ~DBusNotifications() override;
 
   /// Never waits for the bus.
