@@ -52,8 +52,9 @@ void QDButtonPickerCell::makeButtons() {
   for (auto* field : {&_image1, &_image2, &_image3, &_image4}) {
     const auto text = std::to_string(++number);
     auto button = allocInit<UIButton>();
-    const auto image =
-        UIImage::imageNamed(std::string(kResourceFolder) + "GrayButton" + text + ".png");
+    std::string picture(kResourceFolder);
+    picture.append("GrayButton").append(text).append(".png");
+    const auto image = UIImage::imageNamed(picture);
     button->setImage(image ? image->imageWithRenderingMode(UIImageRenderingMode::kAlwaysTemplate)
                            : nullptr);
     button->setAccessibilityLabel("Button " + text);

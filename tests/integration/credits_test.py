@@ -102,8 +102,10 @@ class Credits(unittest.TestCase):
         foreign = {name for name in linked if not name.startswith("libquietdial")
                    and not re.match(r"lib[at]san|libubsan|libclang_rt|ld-linux", name)}
         self.assertEqual({name for name in foreign if not name.startswith(beginnings)}, set())
-        self.assertEqual({name for name in beginnings if not any(library.startswith(name) for library in linked)},
-                         set(), "credited and not linked")
+        unused = {name for name in beginnings if not any(library.startswith(name) for library in linked)}
+        if not os.path.exists(build + "/bin/quietdial-settings"):
+            unused -= {"libQt6"}  # built without the window
+        self.assertEqual(unused, set(), "credited and not linked")
         for item in credits():
             if item["cell"] != "PSGroupCell":
                 licence, holder = item["detailText"].split("\n")

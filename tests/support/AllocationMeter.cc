@@ -9,6 +9,7 @@ namespace {
 
 std::atomic<std::ptrdiff_t> current{0};
 std::atomic<std::ptrdiff_t> highest{0};
+std::atomic<std::size_t> sum{0};
 
 void* takeOrNull(std::size_t size) noexcept {
   void* block = std::malloc(size == 0 ? 1 : size);
@@ -17,6 +18,7 @@ void* takeOrNull(std::size_t size) noexcept {
   }
   const auto taken = static_cast<std::ptrdiff_t>(malloc_usable_size(block));
   const auto now = current.fetch_add(taken) + taken;
+  sum += static_cast<std::size_t>(taken);
   auto before = highest.load();
   while (now > before && !highest.compare_exchange_weak(before, now)) {
   }
@@ -43,10 +45,15 @@ void give(void* block) noexcept {
 void allocationmeter::reset() {
   current = 0;
   highest = 0;
+  sum = 0;
 }
 
 std::size_t allocationmeter::peak() {
   return static_cast<std::size_t>(highest.load());
+}
+
+std::size_t allocationmeter::total() {
+  return sum.load();
 }
 
 void* operator new(std::size_t size) {

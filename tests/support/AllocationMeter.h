@@ -12,4 +12,7 @@ void reset();
 /// The most bytes taken at once since the last reset.
 std::size_t peak();
 
+/// All bytes taken since the last reset, those that were given back since included.
+std::size_t total();
+
 }  // namespace allocationmeter

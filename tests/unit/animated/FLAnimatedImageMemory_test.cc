@@ -104,7 +104,9 @@ TEST_F(FLAnimatedImageMemoryTest, SteadyPlayTakesNoFreshMemoryForItsFrames) {
     playUntil(count / 2);
     allocationmeter::reset();
     playToTheEnd();
-    EXPECT_LT(allocationmeter::peak(), kFrameBytes) << count;
+    // The queue may begin a frame before the main thread has let the oldest go: a buffer more,
+    // once.
+    EXPECT_LT(allocationmeter::total(), 2 * kFrameBytes) << count;
   }
 }
 
