@@ -1,9 +1,9 @@
 #include "settings/DesktopPreferences.h"
 
 #include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusVariant>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -49,8 +49,9 @@ DesktopPreferences::DesktopPreferences() {
   if (!bus.isConnected()) {
     return;
   }
+  // The whole message: slots for its arguments are found only after the bus has met their types.
   bus.connect(kService, kPath, kInterface, QStringLiteral("SettingChanged"), this,
-              SLOT(settingChanged(QString, QString, QDBusVariant)));
+              SLOT(settingChanged(QDBusMessage)));
   ask(kAppearance, kColorScheme);
   ask(kAppearance, kReducedMotion);
   ask(kGnomeInterface, kEnableAnimations);
@@ -76,10 +77,15 @@ void DesktopPreferences::ask(const QString& group, const QString& key) {
   });
 }
 
-void DesktopPreferences::settingChanged(const QString& group, const QString& key,
-                                        const QDBusVariant& value) {
+void DesktopPreferences::settingChanged(const QDBusMessage& message) {
+  if (message.signature() != QLatin1String("ssv")) {
+    return;
+  }
+  const auto arguments = message.arguments();
+  const QString group = arguments[0].toString();
+  const QString key = arguments[1].toString();
   told_.insert(group + key);
-  take(group, key, value.variant());
+  take(group, key, arguments[2]);
 }
 
 void DesktopPreferences::take(const QString& group, const QString& key, const QVariant& value) {

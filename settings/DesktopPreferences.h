@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 #include <QSet>
 #include <QString>
@@ -22,7 +22,7 @@ class DesktopPreferences : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private slots:
-  void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+  void settingChanged(const QDBusMessage& message);
 
  private:
   void ask(const QString& group, const QString& key);

@@ -100,6 +100,14 @@ class DesktopPreference(unittest.TestCase):
         self.portal.change("color-scheme", self.number(1))
         self.wait_for_page(LIGHT_PAGE)
 
+    def test_a_change_of_the_desktops_preference_is_followed(self):
+        self.start(**{"color-scheme": self.number(2)})
+        self.wait_for_page(LIGHT_PAGE)
+        self.portal.change("color-scheme", self.number(1))
+        self.wait_for_page(DARK_PAGE)
+        self.portal.change("color-scheme", self.number(0))
+        self.wait_for_page(LIGHT_PAGE)
+
     def test_without_a_preference_the_window_is_light(self):
         self.start(**{"color-scheme": self.number(0)})
         self.wait_for_page(LIGHT_PAGE)
