@@ -42,7 +42,7 @@ bool isLoadingPicture(const QQuickItem& item) {
 
 bool isEnginePage(const QQuickItem& item) {
   const auto* page = qobject_cast<const WebViewItem*>(&item);
-  return page && page->usesEngine();
+  return page && page->usesEngine() && page->hasLoaded();
 }
 
 bool isBusyPage(const QQuickItem& item) {

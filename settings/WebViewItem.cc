@@ -34,7 +34,7 @@ bool WebViewItem::isLoading() const {
 }
 
 bool WebViewItem::isBusy() const {
-  return isLoading() || (view() && usesEngine_ && laidOutWidth_ != layoutWidth_);
+  return isLoading() || (hasLoaded_ && usesEngine_ && laidOutWidth_ != layoutWidth_);
 }
 
 QAccessible::Role WebViewItem::accessibleRole() const {
@@ -60,6 +60,7 @@ void WebViewItem::takeOverVisibility(bool hidden) {
 }
 
 void WebViewItem::start() {
+  hasLoaded_ = false;
   const auto& request = *webView()->request();
   url_ = QUrl(QString::fromStdString(request.url), QUrl::StrictMode);
   auto* owner = pages();
@@ -102,6 +103,7 @@ void WebViewItem::fetched(const std::optional<QByteArray>& page) {
 
 void WebViewItem::pageLoaded(qreal height) {
   patience_.stop();
+  hasLoaded_ = true;
   if (view()) {
     const auto keptAlive = view()->shared_from_this();
     webView()->finishLoad(loadNumber_, {width(), height});

@@ -43,6 +43,8 @@ class WebViewItem : public ViewItem {
   bool isBusy() const;
   bool isMeasuring() const { return measuring_; }
   bool usesEngine() const { return usesEngine_; }
+  /// Whether the last load has ended well.
+  bool hasLoaded() const { return hasLoaded_; }
 
   /// The engine has loaded the page; its height is known.
   Q_INVOKABLE void pageLoaded(qreal height);
@@ -84,5 +86,6 @@ class WebViewItem : public ViewItem {
   int loadNumber_ = 0;
   bool measuring_ = false;
   bool usesEngine_ = false;
+  bool hasLoaded_ = false;
   bool askedByEngine_ = true;
 };
