@@ -6,8 +6,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 #include <array>
-#include <optional>
-#include <type_traits>
+#include <cstddef>
 
 namespace {
 
@@ -18,40 +17,8 @@ constexpr double kLargestScale = 8;
 constexpr double kLowestRate = 1;
 constexpr double kHighestRate = 1000;
 
-Options wrong(const QString& message) {
-  Options options;
-  options.ask = Options::Ask::Error;
-  options.message = message;
-  return options;
-}
-
-bool readSize(const QString& text, QSize& size) {
-  static const QRegularExpression kPattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
-  const auto match = kPattern.match(text);
-  size = QSize(match.captured(1).toInt(), match.captured(2).toInt());
-  const auto fits = [](int length) { return length >= kSmallest && length <= kLargest; };
-  return match.hasMatch() && fits(size.width()) && fits(size.height());
-}
-
-// The value at the place of that word among `words`; the words are given in the values' order.
-template <class Value, std::size_t count>
-std::optional<Value> valueNamed(const QString& word,
-                                const std::array<QLatin1String, count>& words) {
-  const auto* const found = std::ranges::find(words, word);
-  return found == words.end() ? std::nullopt
-                              : std::optional(static_cast<Value>(found - words.begin()));
-}
-
-template <std::size_t count>
-QString listed(const std::array<QLatin1String, count>& words) {
-  QStringList list;
-  for (const auto word : words) {
-    list.append(word);
-  }
-  const QString last = list.takeLast();
-  return list.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
-}
-
+constexpr std::array kRenderers{QLatin1String("software"), QLatin1String("gpu")};
+constexpr std::array kEffects{QLatin1String("real"), QLatin1String("none")};
 constexpr std::array kSchemes{QLatin1String("system"), QLatin1String("light"),
                               QLatin1String("dark")};
 constexpr std::array kMotions{QLatin1String("system"), QLatin1String("full"),
@@ -63,181 +30,219 @@ constexpr std::array kTextSizes{QLatin1String("xs"),   QLatin1String("s"),   QLa
                                 QLatin1String("xxxl"), QLatin1String("ax1"), QLatin1String("ax2"),
                                 QLatin1String("ax3"),  QLatin1String("ax4"), QLatin1String("ax5")};
 
+struct Description {
+  const char* name;
+  const char* text;
+  const char* value;  // null for an option without
+};
+
+constexpr std::array kDescriptions{
+    Description{
+        "root",
+        "The device root: /User and /Library of the device lie in it. Default: the user's data "
+        "folder; for --tour an empty one.",
+        "DIR"},
+    Description{"bundle", "Use this bundle folder instead of the installed ones.", "DIR"},
+    Description{"pane", "Open the pane of this class at once.", "CLASS"},
+    Description{"gif", "Play this animated picture.", "FILE"},
+    Description{"entry-badge", "The badge of the bundle's row on the first page.", "TEXT"},
+    Description{"size", "Size of the window in points. Default: 375x667.", "WxH"},
+    Description{"scale", "Pixels a point.", "N"},
+    Description{"refresh-rate", "Refreshes of the screen a second, where it does not know.", "N"},
+    Description{
+        "appearance",
+        "Colours: system (default: as the desktop prefers; pictures are light), light or dark.",
+        "NAME"},
+    Description{
+        "text-size",
+        "Size of the texts on rows, from xs over l (default) to xxxl, or ax1 to ax5 beyond.",
+        "NAME"},
+    Description{"motion",
+                "How pages come and go: system (default: as the desktop prefers), full or reduced.",
+                "NAME"},
+    Description{"direction",
+                "Where rows begin: system (default: by the locale), ltr (left) or rtl (right).",
+                "NAME"},
+    Description{"screenshot", "Write what is shown as a PNG file and end. Needs no display.",
+                "FILE"},
+    Description{
+        "tour",
+        "Write a PNG file of every pane and sheet and an index.html over them to this folder and "
+        "end. Needs no display.",
+        "DIR"},
+    Description{"renderer", "How the window is drawn: software (default) or gpu.", "NAME"},
+    Description{
+        "effects",
+        "real (default): a change restarts the dialler's processes and other processes are told "
+        "of it; none: it is only stored, as always for pictures.",
+        "NAME"},
+    Description{"map-host",
+                "Connect to ADDRESS:PORT wherever NAME would be looked up. May be given again.",
+                "NAME=ADDRESS:PORT"},
+    Description{"no-web-engine",
+                "Show no web pages: in their place a button opens them in the browser.", nullptr},
+};
+
+template <std::size_t count>
+QString listed(const std::array<QLatin1String, count>& words) {
+  QStringList list;
+  for (const auto word : words) {
+    list.append(word);
+  }
+  const QString last = list.takeLast();
+  return list.join(QStringLiteral(", ")) + QStringLiteral(" or ") + last;
+}
+
+// Reads options one by one; what is wrong with the first bad one is kept.
+class Reader {
+ public:
+  explicit Reader(const QCommandLineParser& parser) : parser_(parser) {}
+
+  const QString& fault() const { return fault_; }
+  void fail(const QString& fault) {
+    if (fault_.isEmpty()) {
+      fault_ = fault;
+    }
+  }
+
+  bool isGiven(const char* name) const { return parser_.isSet(QString::fromLatin1(name)); }
+  QString text(const char* name) const { return parser_.value(QString::fromLatin1(name)); }
+
+  // A text that may not be empty.
+  QString filled(const char* name) {
+    const QString value = text(name);
+    if (isGiven(name) && value.isEmpty()) {
+      fail(QStringLiteral("--%1 needs a value.").arg(QLatin1String(name)));
+    }
+    return value;
+  }
+
+  void number(const char* name, double lowest, double highest, double& member) {
+    if (!isGiven(name)) {
+      return;
+    }
+    bool isNumber = false;
+    member = text(name).toDouble(&isNumber);
+    if (!isNumber || !(member >= lowest && member <= highest)) {
+      fail(QStringLiteral("--%1 is a number from %2 to %3.")
+               .arg(QLatin1String(name))
+               .arg(lowest)
+               .arg(highest));
+    }
+  }
+
+  void size(const char* name, QSize& member) {
+    if (!isGiven(name)) {
+      return;
+    }
+    static const QRegularExpression kPattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
+    const auto match = kPattern.match(text(name));
+    member = QSize(match.captured(1).toInt(), match.captured(2).toInt());
+    const auto fits = [](int length) { return length >= kSmallest && length <= kLargest; };
+    if (!match.hasMatch() || !fits(member.width()) || !fits(member.height())) {
+      fail(QStringLiteral("--%1 is WIDTHxHEIGHT, each from %2 to %3.")
+               .arg(QLatin1String(name))
+               .arg(kSmallest)
+               .arg(kLargest));
+    }
+  }
+
+  // One of the words; they are given in the order of the values of `Value`.
+  template <class Value, std::size_t count>
+  void choice(const char* name, const std::array<QLatin1String, count>& words, Value& member) {
+    if (!isGiven(name)) {
+      return;
+    }
+    const auto* const found = std::ranges::find(words, text(name));
+    if (found == words.end()) {
+      fail(QStringLiteral("--%1 is %2.").arg(QLatin1String(name), listed(words)));
+      return;
+    }
+    member = static_cast<Value>(found - words.begin());
+  }
+
+ private:
+  const QCommandLineParser& parser_;
+  QString fault_;
+};
+
 }  // namespace
 
 Options Options::parse(const QStringList& arguments) {
-  const auto text = [](const char* latin) { return QString::fromLatin1(latin); };
-  const QCommandLineOption root(
-      text("root"),
-      text("The device root: /User and /Library of the device lie in it. Default: "
-           "the user's data folder; for --tour an empty one."),
-      text("DIR"));
-  const QCommandLineOption bundle(
-      text("bundle"), text("Use this bundle folder instead of the installed ones."), text("DIR"));
-  const QCommandLineOption pane(text("pane"), text("Open the pane of this class at once."),
-                                text("CLASS"));
-  const QCommandLineOption gif(text("gif"), text("Play this animated picture."), text("FILE"));
-  const QCommandLineOption badge(
-      text("entry-badge"), text("The badge of the bundle's row on the first page."), text("TEXT"));
-  const QCommandLineOption size(
-      text("size"), text("Size of the window in points. Default: 375x667."), text("WxH"));
-  const QCommandLineOption scale(text("scale"), text("Pixels a point."), text("N"));
-  const QCommandLineOption refreshRate(
-      text("refresh-rate"), text("Refreshes of the screen a second, where it does not know."),
-      text("N"));
-  const QCommandLineOption screenshot(
-      text("screenshot"), text("Write what is shown as a PNG file and end. Needs no display."),
-      text("FILE"));
-  const QCommandLineOption tour(text("tour"),
-                                text("Write a PNG file of every pane and sheet and an index.html "
-                                     "over them to this folder and end. "
-                                     "Needs no display."),
-                                text("DIR"));
-  const QCommandLineOption renderer(
-      text("renderer"), text("How the window is drawn: software (default) or gpu."), text("NAME"));
-  const QCommandLineOption mapHost(
-      text("map-host"),
-      text("Connect to ADDRESS:PORT wherever NAME would be looked up. May be given again."),
-      text("NAME=ADDRESS:PORT"));
-  const QCommandLineOption noWebEngine(
-      text("no-web-engine"),
-      text("Show no web pages: in their place a button opens them in the browser."));
-  const QCommandLineOption effects(
-      text("effects"),
-      text("real (default): a change restarts the dialler's processes and other processes are told "
-           "of it; none: it is only stored, as always for pictures."),
-      text("NAME"));
-  const QCommandLineOption appearance(
-      text("appearance"),
-      text("Colours: system (default: as the desktop prefers; pictures are light), light or dark."),
-      text("NAME"));
-  const QCommandLineOption motion(
-      text("motion"),
-      text("How pages come and go: system (default: as the desktop prefers), full or reduced."),
-      text("NAME"));
-  const QCommandLineOption direction(
-      text("direction"),
-      text("Where rows begin: system (default: by the locale), ltr (left) or rtl (right)."),
-      text("NAME"));
-  const QCommandLineOption textSize(
-      text("text-size"),
-      text("Size of the texts on rows, from xs over l (default) to xxxl, or ax1 to ax5 beyond."),
-      text("NAME"));
-  const QCommandLineOption help({text("h"), text("help")}, text("Show this text."));
-  const QCommandLineOption version({text("v"), text("version")}, text("Show the version."));
-
   QCommandLineParser parser;
-  parser.setApplicationDescription(text("The Settings application, with QuietDial's panes."));
-  parser.addOptions({root,        bundle,     pane,     gif,         badge,     size,       scale,
-                     refreshRate, appearance, textSize, motion,      direction, screenshot, tour,
-                     renderer,    effects,    mapHost,  noWebEngine, help,      version});
-  if (!parser.parse(arguments)) {
-    return wrong(parser.errorText());
+  parser.setApplicationDescription(
+      QStringLiteral("The Settings application, with QuietDial's panes."));
+  for (const auto& option : kDescriptions) {
+    parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.text),
+                      QString::fromLatin1(option.value)});
   }
+  const QString help = QStringLiteral("help");
+  const QString version = QStringLiteral("version");
+  parser.addOption({{QStringLiteral("h"), help}, QStringLiteral("Show this text.")});
+  parser.addOption({{QStringLiteral("v"), version}, QStringLiteral("Show the version.")});
+
   Options options;
+  if (!parser.parse(arguments)) {
+    options.ask = Ask::Error;
+    options.message = parser.errorText();
+    return options;
+  }
   if (parser.isSet(help)) {
     options.ask = Ask::Help;
     options.message = parser.helpText();
-    options.message.replace(text("<executable_name>"), text("quietdial-settings"));
+    options.message.replace(QStringLiteral("<executable_name>"),
+                            QStringLiteral("quietdial-settings"));
     return options;
   }
   if (parser.isSet(version)) {
     options.ask = Ask::Version;
     return options;
   }
+  Reader reader(parser);
   if (!parser.positionalArguments().isEmpty()) {
-    return wrong(text("Unknown argument '%1'.").arg(parser.positionalArguments().front()));
+    reader.fail(QStringLiteral("Unknown argument '%1'.").arg(parser.positionalArguments().front()));
   }
-  for (const auto* given : {&root, &bundle, &pane, &gif, &screenshot, &tour}) {
-    if (parser.isSet(*given) && parser.value(*given).isEmpty()) {
-      return wrong(text("--%1 needs a value.").arg(given->names().front()));
-    }
-  }
-  options.root = parser.value(root);
-  options.bundle = parser.isSet(bundle) ? QDir::cleanPath(parser.value(bundle)) : QString();
-  options.pane = parser.value(pane);
-  options.hasEntryBadge = parser.isSet(badge);
-  options.gif = parser.value(gif);
-  options.entryBadge = parser.value(badge);
-  options.screenshot = parser.value(screenshot);
-  options.tour = parser.value(tour);
-  if (parser.isSet(screenshot) && parser.isSet(tour)) {
-    return wrong(text("--screenshot and --tour exclude each other."));
-  }
-  if (parser.isSet(bundle)) {
-    const QFileInfo folder(options.bundle);
-    if (!folder.isDir() || folder.suffix() != text("bundle")) {
-      return wrong(
-          text("--bundle %1 is no folder whose name ends in \".bundle\".").arg(options.bundle));
-    }
-  }
-  if (parser.isSet(size) && !readSize(parser.value(size), options.size)) {
-    return wrong(text("--size is WIDTHxHEIGHT, each from %1 to %2.").arg(kSmallest).arg(kLargest));
-  }
-  if (parser.isSet(scale)) {
-    bool isNumber = false;
-    options.scale = parser.value(scale).toDouble(&isNumber);
-    if (!isNumber || !(options.scale >= kSmallestScale && options.scale <= kLargestScale)) {
-      return wrong(
-          text("--scale is a number from %1 to %2.").arg(kSmallestScale).arg(kLargestScale));
-    }
-  }
-  options.webEngine = !parser.isSet(noWebEngine);
-  for (const auto& host : parser.values(mapHost)) {
+  options.root = reader.filled("root");
+  options.bundle = QDir::cleanPath(reader.filled("bundle"));
+  options.pane = reader.filled("pane");
+  options.gif = reader.filled("gif");
+  options.screenshot = reader.filled("screenshot");
+  options.tour = reader.filled("tour");
+  options.hasEntryBadge = reader.isGiven("entry-badge");
+  options.entryBadge = reader.text("entry-badge");
+  options.webEngine = !reader.isGiven("no-web-engine");
+  reader.size("size", options.size);
+  reader.number("scale", kSmallestScale, kLargestScale, options.scale);
+  reader.number("refresh-rate", kLowestRate, kHighestRate, options.refreshRate);
+  reader.choice("renderer", kRenderers, options.renderer);
+  reader.choice("effects", kEffects, options.effects);
+  reader.choice("appearance", kSchemes, options.scheme);
+  reader.choice("motion", kMotions, options.motion);
+  reader.choice("direction", kDirections, options.direction);
+  reader.choice("text-size", kTextSizes, options.textSize);
+  for (const auto& host : parser.values(QStringLiteral("map-host"))) {
     if (!options.hosts.add(host.toStdString())) {
-      return wrong(text("--map-host is NAME=ADDRESS:PORT."));
+      reader.fail(QStringLiteral("--map-host is NAME=ADDRESS:PORT."));
     }
   }
-  if (parser.isSet(refreshRate)) {
-    bool isNumber = false;
-    options.refreshRate = parser.value(refreshRate).toDouble(&isNumber);
-    if (!isNumber || !(options.refreshRate >= kLowestRate && options.refreshRate <= kHighestRate)) {
-      return wrong(
-          text("--refresh-rate is a number from %1 to %2.").arg(kLowestRate).arg(kHighestRate));
-    }
+  const QFileInfo bundle(options.bundle);
+  if (reader.isGiven("bundle") &&
+      (!bundle.isDir() || bundle.suffix() != QStringLiteral("bundle"))) {
+    reader.fail(QStringLiteral("--bundle %1 is no folder whose name ends in \".bundle\".")
+                    .arg(options.bundle));
   }
-  if (parser.isSet(renderer)) {
-    const QString name = parser.value(renderer);
-    if (name == text("gpu")) {
-      options.renderer = Renderer::Gpu;
-    } else if (name != text("software")) {
-      return wrong(text("--renderer is software or gpu."));
-    }
-  }
-  if (parser.isSet(effects)) {
-    const QString name = parser.value(effects);
-    if (name != text("real") && name != text("none")) {
-      return wrong(text("--effects is real or none."));
-    }
-    if (name == text("real") && options.isPicture()) {
-      return wrong(text("Pictures have no effects."));
-    }
-    options.effects = name == text("none") ? Effects::None : Effects::Real;
+  if (reader.isGiven("screenshot") && reader.isGiven("tour")) {
+    reader.fail(QStringLiteral("--screenshot and --tour exclude each other."));
   }
   if (options.isPicture()) {
+    if (reader.isGiven("effects") && options.effects == Effects::Real) {
+      reader.fail(QStringLiteral("Pictures have no effects."));
+    }
     options.effects = Effects::None;
   }
-  const auto choose = [&](const QCommandLineOption& option, const auto& words, auto& member) {
-    using Value = std::remove_reference_t<decltype(member)>;
-    const auto value = parser.isSet(option) ? valueNamed<Value>(parser.value(option), words)
-                                            : std::optional(member);
-    member = value.value_or(member);
-    return value.has_value();
-  };
-  const auto oneOf = [&](const QCommandLineOption& option, const auto& words) {
-    return wrong(text("--%1 is %2.").arg(option.names().front(), listed(words)));
-  };
-  if (!choose(appearance, kSchemes, options.scheme)) {
-    return oneOf(appearance, kSchemes);
-  }
-  if (!choose(motion, kMotions, options.motion)) {
-    return oneOf(motion, kMotions);
-  }
-  if (!choose(direction, kDirections, options.direction)) {
-    return oneOf(direction, kDirections);
-  }
-  if (!choose(textSize, kTextSizes, options.textSize)) {
-    return oneOf(textSize, kTextSizes);
+  if (!reader.fault().isEmpty()) {
+    options.ask = Ask::Error;
+    options.message = reader.fault();
   }
   return options;
 }
