@@ -6,26 +6,30 @@
 #include <functional>
 #include <mutex>
 
-/// The threads that all queues share. Threads are made as they are needed, up to a few, and wait
-/// for more work until the process ends. Any thread.
+/// Threads that take work in the order in which it was added and run it side by side. They are made
+/// as they are needed and wait for more work until the process ends: a pool is never destroyed. Any
+/// thread.
 class DispatchPool {
  public:
   using Work = std::function<void()>;
 
-  static DispatchPool& shared();
+  explicit DispatchPool(std::size_t mostThreads) : mostThreads_(mostThreads) {}
 
+  /// Adds work; it must not throw.
   void add(Work work);
-  /// Waits until nothing is queued and nothing runs.
+  /// Waits until nothing is queued and nothing runs. Not from within the pool's work. Where no
+  /// thread could be made, the work is done here.
   void waitUntilIdle();
-  bool isIdle();
+  bool isIdle() const;
 
  private:
-  DispatchPool() = default;
   void run();
+  void runNext(std::unique_lock<std::mutex>& lock);
 
-  std::mutex mutex_;
+  const std::size_t mostThreads_;
+  mutable std::mutex mutex_;
   std::condition_variable hasWork_;
-  std::condition_variable isIdle_;
+  std::condition_variable becameIdle_;
   std::deque<Work> work_;    // guarded by mutex_
   std::size_t threads_ = 0;  // guarded by mutex_
   std::size_t busy_ = 0;     // guarded by mutex_

@@ -1,8 +1,22 @@
 #include "platform/foundation/DispatchQueue.h"
 
+#include <algorithm>
+#include <thread>
 #include <utility>
 
 #include "platform/foundation/DispatchPool.h"
+
+namespace {
+
+// As many threads as there are processors, and not many: the queues' work is decoding, which more
+// threads do not speed up.
+DispatchPool& pool() {
+  static auto* pool =  // NOLINT(cppcoreguidelines-owning-memory): never destroyed
+      new DispatchPool(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 2, 4));
+  return *pool;
+}
+
+}  // namespace
 
 std::shared_ptr<DispatchQueue> DispatchQueue::createSerial(std::string label) {
   return std::shared_ptr<DispatchQueue>(new DispatchQueue(std::move(label)));
@@ -12,16 +26,16 @@ void DispatchQueue::async(Task task) {
   const std::lock_guard lock(mutex_);
   tasks_.push_back(std::move(task));
   if (!std::exchange(scheduled_, true)) {
-    DispatchPool::shared().add([self = shared_from_this()] { self->runNext(); });
+    pool().add([self = shared_from_this()] { self->runNext(); });
   }
 }
 
 void DispatchQueue::waitUntilAllIdle() {
-  DispatchPool::shared().waitUntilIdle();
+  pool().waitUntilIdle();
 }
 
 bool DispatchQueue::areAllIdle() {
-  return DispatchPool::shared().isIdle();
+  return pool().isIdle();
 }
 
 void DispatchQueue::runNext() {
@@ -37,6 +51,6 @@ void DispatchQueue::runNext() {
   scheduled_ = !tasks_.empty();
   if (scheduled_) {
     // To the end of the line: a long queue does not keep the others waiting.
-    DispatchPool::shared().add([self = shared_from_this()] { self->runNext(); });
+    pool().add([self = shared_from_this()] { self->runNext(); });
   }
 }

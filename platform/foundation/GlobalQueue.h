@@ -1,18 +1,13 @@
 #pragma once
 
-#include <condition_variable>
-#include <cstddef>
-#include <deque>
-#include <functional>
-#include <mutex>
-
 #include "platform/api.h"
+#include "platform/foundation/DispatchPool.h"
 
 /// The platform's global concurrent queue of high priority: tasks start in the order in which they
 /// were added and run side by side. Any thread.
 class PLATFORM_API GlobalQueue {
  public:
-  using Task = std::function<void()>;
+  using Task = DispatchPool::Work;
 
   static GlobalQueue& shared();
 
@@ -31,11 +26,7 @@ class PLATFORM_API GlobalQueue {
   void waitUntilIdle();
 
  private:
-  GlobalQueue() = default;
-  void work();
+  GlobalQueue();
 
-  mutable std::mutex mutex_;
-  std::condition_variable becameIdle_;
-  std::deque<Task> tasks_;   // guarded by mutex_
-  std::size_t workers_ = 0;  // guarded by mutex_
+  DispatchPool pool_;
 };
