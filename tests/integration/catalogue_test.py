@@ -195,6 +195,9 @@ class BadServers(unittest.TestCase):
         self.fault("loop")
 
     def test_a_list_that_is_no_utf8(self):
+        self.quick_fault(["--list-fault", "not-utf8", "--page-fault", "status=500"])
+
+    def test_a_first_list_that_is_no_utf8(self):
         with Catalogue("a", arguments=["--list-fault", "not-utf8"]) as server, \
                 Drive("--map-host", server.mapping) as drive:
             drive.do("push", pane=ROOT)

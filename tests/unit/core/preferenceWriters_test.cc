@@ -4,6 +4,10 @@
 #include "root/QDPreferencesListController.h"
 #include "styles/QDButtonPickerCell.h"
 #include "styles/QDButtonStyleSelectionController.h"
+#include "styles/QDDialerStyleSelectionController.h"
+#include "styles/QDDialerTabStyleCell.h"
+#include "styles/QDSystemwideStyleCell.h"
+#include "styles/QDSystemwideStyleSelectionController.h"
 #include "tests/support/PaneTest.h"
 
 extern "C" const ClassTable quietDialPreferencesClasses;
@@ -15,6 +19,7 @@ using testing::IsEmpty;
 using Value = PropertyListValue;
 
 constexpr const char* kKey = "aKeyOfTheTest";
+constexpr int kCellsRow = 1;  // below a group, in each pane with a cell that stores
 
 const Event kChanged =
     PostEvent{NotificationCall::kCFNotificationCenter, "me.orlanvey.quietDial/PreferencesChanged"};
@@ -38,6 +43,8 @@ class PreferenceWriters : public PaneTest {
     NSBundle::load(kBundle, quietDialPreferencesClasses);
     root_ = open<QDPreferencesListController>();
     prefixes_ = open<QDCountryPrefixController>();
+    systemwide_ = open<QDSystemwideStyleSelectionController>();
+    dialer_ = open<QDDialerStyleSelectionController>();
     buttons_ = open<QDButtonStyleSelectionController>();
     row_->setPropertyForKey(Value(kKey), "key");
     settle();
@@ -50,9 +57,22 @@ class PreferenceWriters : public PaneTest {
          [this](const Value& value) { root_->setPreferenceValueSpecifier(value, *row_); }},
         {"prefix page", false,
          [this](const Value& value) { prefixes_->setPreferenceValueForKey(value, kKey); }},
+        {"system-wide page", false,
+         [this](const Value& value) { systemwide_->setPreferenceValueSpecifier(value, *row_); }},
+        {"dial tab cell", true,
+         [this](const Value& value) {
+           cast<QDDialerTabStyleCell>(cellAt(*dialer_, kCellsRow))
+               ->setPreferenceValueForKey(value, kKey);
+         }},
+        {"system-wide cell", true,
+         [this](const Value& value) {
+           cast<QDSystemwideStyleCell>(cellAt(*systemwide_, kCellsRow))
+               ->setPreferenceValueForKey(value, kKey);
+         }},
         {"button cell", true,
          [this](const Value& value) {
-           cast<QDButtonPickerCell>(cellAt(*buttons_, 1))->setPreferenceValueForKey(value, kKey);
+           cast<QDButtonPickerCell>(cellAt(*buttons_, kCellsRow))
+               ->setPreferenceValueForKey(value, kKey);
          }},
     };
   }
@@ -67,6 +87,8 @@ class PreferenceWriters : public PaneTest {
  private:
   std::shared_ptr<QDPreferencesListController> root_;
   std::shared_ptr<QDCountryPrefixController> prefixes_;
+  std::shared_ptr<QDSystemwideStyleSelectionController> systemwide_;
+  std::shared_ptr<QDDialerStyleSelectionController> dialer_;
   std::shared_ptr<QDButtonStyleSelectionController> buttons_;
   std::shared_ptr<PSSpecifier> row_ = PSSpecifier::groupSpecifierWithName("");
 };
