@@ -51,6 +51,7 @@ void DBusNotifications::broadcast(NotificationCall /*call*/, const std::string& 
     const int result =
         bus_ ? sd_bus_emit_signal(bus_.get(), kPath, kInterface, kSignal, "s", name.c_str()) : 0;
     if (result >= 0 || result == -EINVAL) {
+      hasPosted_ = true;
       break;
     }
     disconnect(-result);
@@ -172,14 +173,31 @@ int DBusNotifications::matchInstalled(sd_bus_message* reply, void* self, void* /
 }
 
 void DBusNotifications::sendQueued() {
+  if (!hasPosted_) {
+    return;
+  }
   const auto deadline = Clock::now() + kPatienceAtTheEnd;
+  const auto left = [deadline] {
+    const auto time = std::chrono::ceil<std::chrono::microseconds>(deadline - Clock::now());
+    return static_cast<std::uint64_t>(std::max<std::chrono::microseconds::rep>(time.count(), 1));
+  };
   std::uint64_t queued = 0;
   while (bus_ && sd_bus_get_n_queued_write(bus_.get(), &queued) >= 0 && queued > 0) {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::microseconds>(deadline - Clock::now());
-    if (left.count() <= 0 || sd_bus_process(bus_.get(), nullptr) < 0 ||
-        sd_bus_wait(bus_.get(), static_cast<std::uint64_t>(left.count())) < 0) {
+    if (Clock::now() >= deadline || sd_bus_process(bus_.get(), nullptr) < 0 ||
+        sd_bus_wait(bus_.get(), left()) < 0) {
       return;
     }
+  }
+  if (!bus_) {
+    return;
+  }
+  // A socket that is closed before its answers are read takes what the bus has not read yet with
+  // it: hence a question whose answer comes after everything that was posted.
+  sd_bus_message* question = nullptr;
+  if (sd_bus_message_new_method_call(bus_.get(), &question, "org.freedesktop.DBus",
+                                     "/org/freedesktop/DBus", "org.freedesktop.DBus.Peer",
+                                     "Ping") >= 0) {
+    sd_bus_call(bus_.get(), question, left(), nullptr, nullptr);
+    sd_bus_message_unref(question);
   }
 }

@@ -43,7 +43,7 @@ class DBusNotifications final : public NotificationBroadcaster {
   DBusNotifications& operator=(const DBusNotifications&) = delete;
   DBusNotifications(DBusNotifications&&) = delete;
   DBusNotifications& operator=(DBusNotifications&&) = delete;
-  /// Sends what is still queued, for five seconds at most.
+  /// Sends what is still queued and waits until the bus has it, for five seconds at most.
   ~DBusNotifications() override;
 
   /// Never waits for the bus.
@@ -78,5 +78,6 @@ class DBusNotifications final : public NotificationBroadcaster {
   State state_ = State::kWithoutBus;
   Clock::time_point nextAttempt_;
   std::chrono::milliseconds pause_;
+  bool hasPosted_ = false;
   bool saidSo_ = false;
 };
