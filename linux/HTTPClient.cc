@@ -8,7 +8,7 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using SteadyClock = std::chrono::steady_clock;
 using Milliseconds = std::chrono::milliseconds;
 
 constexpr const char* kUserAgent = "QuietDial/1.0";
@@ -186,12 +186,12 @@ HTTPClient::HTTPClient(HostMap hosts, Unmapped unmapped)
 }
 
 std::optional<HTTPAnswer> HTTPClient::get(const std::string& url, const HTTPLimits& limits) {
-  const auto deadline = Clock::now() + limits.time;
+  const auto deadline = SteadyClock::now() + limits.time;
   std::string next = url;
   for (int redirects = 0; redirects <= limits.redirects; ++redirects) {
     const auto host = hostOf(next);
     const auto* address = host ? hosts_.find(*host) : nullptr;
-    const auto left = std::chrono::ceil<Milliseconds>(deadline - Clock::now());
+    const auto left = std::chrono::ceil<Milliseconds>(deadline - SteadyClock::now());
     if (!host || (!address && unmapped_ == Unmapped::kUnreachable) || left.count() <= 0) {
       return std::nullopt;
     }

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t kFileBound = 65536;
+constexpr std::size_t kReleaseFileBound = 65536;
 constexpr std::size_t kLongestText = 64;
 
 bool isAlphanumeric(char letter) {
@@ -77,7 +77,7 @@ PropertyListDictionary SystemInformation::deviceInformation() {
       information.insert_or_assign(key, PropertyListValue(std::move(text)));
     }
   };
-  const auto release = readFile(AT_FDCWD, releaseFile_, kFileBound);
+  const auto release = readFile(AT_FDCWD, releaseFile_, kReleaseFileBound);
   tell("System", valueIn(release.bytes, "NAME"));
   tell("SystemVersion", valueIn(release.bytes, "VERSION_ID"));
   utsname kernel{};

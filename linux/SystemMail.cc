@@ -21,7 +21,7 @@ namespace {
 
 constexpr auto kLongestSending = std::chrono::seconds(60);
 constexpr auto kLongestLaunch = std::chrono::seconds(5);
-constexpr std::size_t kFileBound = std::size_t{64} << 20;
+constexpr std::size_t kMailFileBound = std::size_t{64} << 20;
 
 bool isProgram(const std::string& path) {
   std::error_code error;
@@ -125,7 +125,7 @@ std::filesystem::path attachmentFolder() {
 
 bool writeFile(const std::filesystem::path& path, std::string_view bytes) {
   const auto anything = [](std::string_view) { return true; };
-  return AtomicFile(path.string(), kFileBound, anything).replace(bytes);
+  return AtomicFile(path.string(), kMailFileBound, anything).replace(bytes);
 }
 
 bool makePrivateFolder(const std::filesystem::path& folder) {

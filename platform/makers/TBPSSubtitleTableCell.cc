@@ -11,8 +11,8 @@ constexpr ClassDescription TBPSSubtitleTableCell::classObject{
 
 namespace {
 
-constexpr CGFloat kMargin = 10;
-constexpr CGFloat kGap = 3;
+constexpr CGFloat kTextMargin = 10;
+constexpr CGFloat kLineGap = 3;
 
 CGFloat heightOf(const UILabel& label, CGFloat width) {
   return std::ceil(label.sizeThatFits(width).height);
@@ -39,15 +39,15 @@ bool TBPSSubtitleTableCell::initWithStyleReuseIdentifierSpecifier(
 
 CGFloat TBPSSubtitleTableCell::preferredHeightForWidth(CGFloat width) {
   const CGFloat text = width - 2 * metrics::kTextInset;
-  return std::max(metrics::kRowHeight,
-                  2 * kMargin + heightOf(*textLabel(), text) + kGap + heightOf(*subtitle_, text));
+  return std::max(metrics::kRowHeight, 2 * kTextMargin + heightOf(*textLabel(), text) + kLineGap +
+                                           heightOf(*subtitle_, text));
 }
 
 void TBPSSubtitleTableCell::layoutSubviews() {
   PSTableCell::layoutSubviews();
   const CGFloat width = bounds().size.width - 2 * metrics::kTextInset;
   const CGFloat title = heightOf(*textLabel(), width);
-  textLabel()->setFrame(CGRectMake(metrics::kTextInset, kMargin, width, title));
-  subtitle_->setFrame(
-      CGRectMake(metrics::kTextInset, kMargin + title + kGap, width, heightOf(*subtitle_, width)));
+  textLabel()->setFrame(CGRectMake(metrics::kTextInset, kTextMargin, width, title));
+  subtitle_->setFrame(CGRectMake(metrics::kTextInset, kTextMargin + title + kLineGap, width,
+                                 heightOf(*subtitle_, width)));
 }

@@ -32,7 +32,6 @@ class PaneTest : public testing::Test {
   /// Device path of a file of the bundle.
   static std::string bundleFile(const std::string& name);
 
-  /// Brings a pane up as a tap on a row would, `width` points wide.
   /// Brings a pane up as a tap on a row would, `width` points wide, and waits for what it does in
   /// the background; what that leaves for the main queue stays there.
   template <class Pane>

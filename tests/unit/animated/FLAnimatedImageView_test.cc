@@ -23,9 +23,10 @@ class StopCounter : public NSObject {
   int stops = 0;
 };
 
-constexpr std::array kMethods{method<&StopCounter::didStopAnimation>("didStopAnimation")};
+constexpr std::array kStopCounterMethods{
+    method<&StopCounter::didStopAnimation>("didStopAnimation")};
 constexpr ClassDescription StopCounter::classObject{"StopCounter", &NSObject::classObject,
-                                                    &allocObject<StopCounter>, kMethods};
+                                                    &allocObject<StopCounter>, kStopCounterMethods};
 
 class Processors : public NSProcessInfo {
  public:

@@ -29,10 +29,10 @@ class Target : public NSObject {
   std::uint64_t storedFor = 0;
 };
 
-constexpr std::array kMethods{method<&Target::take>("take:"), method<&Target::give>("give:"),
-                              method<&Target::put>("put:for:")};
+constexpr std::array kTargetMethods{method<&Target::take>("take:"), method<&Target::give>("give:"),
+                                    method<&Target::put>("put:for:")};
 constexpr ClassDescription Target::classObject{"Target", &NSObject::classObject,
-                                               &allocObject<Target>, kMethods};
+                                               &allocObject<Target>, kTargetMethods};
 
 class FLWeakProxyTest : public PaneTest {
  protected:

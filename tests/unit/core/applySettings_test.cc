@@ -3,6 +3,7 @@
 #include "core/preferenceStore.h"
 #include "root/QDPreferencesListController.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/appliedEvents.h"
 
 extern "C" const ClassTable quietDialPreferencesClasses;
 
@@ -10,12 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-
-const std::vector<Event> kApplied{
-    SpawnEvent{"/usr/bin/killall", {"killall", "-9", "MobilePhone", "InCallService"}, std::nullopt},
-    WaitEvent{4},
-    PostEvent{NotificationCall::kNotifyPost, "me.orlanvey.quietdial/prefsChanged"},
-};
 
 class FailingProcesses : public ProcessService {
  public:

@@ -9,6 +9,7 @@
 #include "styles/QDSystemwideStyleCell.h"
 #include "styles/QDSystemwideStyleSelectionController.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/appliedEvents.h"
 
 extern "C" const ClassTable quietDialPreferencesClasses;
 
@@ -21,14 +22,8 @@ using Value = PropertyListValue;
 constexpr const char* kKey = "aKeyOfTheTest";
 constexpr int kCellsRow = 1;  // below a group, in each pane with a cell that stores
 
-const Event kChanged =
+const Event kChangePosted =
     PostEvent{NotificationCall::kCFNotificationCenter, "me.orlanvey.quietDial/PreferencesChanged"};
-const std::vector<Event> kApplied{
-    SpawnEvent{"/usr/bin/killall", {"killall", "-9", "MobilePhone", "InCallService"}, std::nullopt},
-    WaitEvent{4},
-    PostEvent{NotificationCall::kNotifyPost, "me.orlanvey.quietdial/prefsChanged"},
-};
-
 // What holds for every pane and cell that stores settings by itself. All panes are open, and so one
 // first page is registered for changes.
 class PreferenceWriters : public PaneTest {
@@ -81,7 +76,7 @@ class PreferenceWriters : public PaneTest {
   std::vector<Event> written(const Value& value) const {
     auto settings = files->dictionaries[kSettings];
     settings.insert_or_assign(kKey, value);
-    return {WriteEvent{kSettings, settings, true}, kChanged};
+    return {WriteEvent{kSettings, settings, true}, kChangePosted};
   }
 
  private:

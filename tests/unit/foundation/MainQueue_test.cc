@@ -31,12 +31,12 @@ class Listener : public NSObject {
   inline static std::optional<bool> destroyedOnMain;
 };
 
-constexpr std::array kMethods{method<&Listener::first>("first"),
-                              method<&Listener::second>("second"),
-                              method<&Listener::cancelling>("cancelling")};
+constexpr std::array kListenerMethods{method<&Listener::first>("first"),
+                                      method<&Listener::second>("second"),
+                                      method<&Listener::cancelling>("cancelling")};
 
 constexpr ClassDescription Listener::classObject{"Listener", &NSObject::classObject,
-                                                 &allocObject<Listener>, kMethods};
+                                                 &allocObject<Listener>, kListenerMethods};
 
 class MainQueueTest : public PaneTest {
  protected:

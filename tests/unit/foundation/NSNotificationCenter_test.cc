@@ -31,9 +31,9 @@ class Observer : public NSObject {
   std::function<void()> then;
 };
 
-constexpr std::array kMethods{method<&Observer::noted>("noted:")};
+constexpr std::array kObserverMethods{method<&Observer::noted>("noted:")};
 constexpr ClassDescription Observer::classObject{"Observer", &NSObject::classObject,
-                                                 &allocObject<Observer>, kMethods};
+                                                 &allocObject<Observer>, kObserverMethods};
 
 class NSNotificationCenterTest : public testing::Test {
  protected:

@@ -21,10 +21,10 @@ class Target : public NSObject {
   PropertyListValue kept = 0;
 };
 
-constexpr std::array kMethods{method<&Target::act>("act"), method<&Target::get>("get:"),
-                              method<&Target::set>("set:row:")};
+constexpr std::array kTargetMethods{method<&Target::act>("act"), method<&Target::get>("get:"),
+                                    method<&Target::set>("set:row:")};
 constexpr ClassDescription Target::classObject{"Target", &NSObject::classObject,
-                                               &allocObject<Target>, kMethods};
+                                               &allocObject<Target>, kTargetMethods};
 
 class SelectorTest : public testing::Test {
  protected:

@@ -11,39 +11,39 @@ using pictures::white;
 
 namespace {
 
-constexpr unsigned keep = 1;
-constexpr unsigned clear = 2;
-constexpr unsigned previous = 3;
+constexpr unsigned kKeep = 1;
+constexpr unsigned kClear = 2;
+constexpr unsigned kPrevious = 3;
 
 TEST(GIFDisposal, RestoringBringsBackWhatWasThereBeforeTheFrame) {
   GIFBuilder gif = screen(3, 1);
-  gif.control({.disposal = keep});
+  gif.control({.disposal = kKeep});
   draw(gif, 0, 0, "RRR");
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 1, 0, "G");
-  gif.control({.disposal = keep});
+  gif.control({.disposal = kKeep});
   draw(gif, 2, 0, "B");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"RRR", "RGR", "RRB"}));
 }
 
 TEST(GIFDisposal, RestoringIsRepeatedFromTheSameCanvas) {
   GIFBuilder gif = screen(3, 1);
-  gif.control({.disposal = keep});
+  gif.control({.disposal = kKeep});
   draw(gif, 0, 0, "RRR");
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 0, 0, "GG");
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 1, 0, "BB");
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 2, 0, "G");
-  gif.control({.disposal = keep});
+  gif.control({.disposal = kKeep});
   draw(gif, 0, 0, "W");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"RRR", "GGR", "RBB", "RRG", "WRR"}));
 }
 
 TEST(GIFDisposal, RestoringTheFirstFrameLeavesAnEmptyCanvas) {
   GIFBuilder gif = screen(2, 1);
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 0, 0, "RR");
   draw(gif, 1, 0, "G");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"RR", ".G"}));
@@ -52,9 +52,9 @@ TEST(GIFDisposal, RestoringTheFirstFrameLeavesAnEmptyCanvas) {
 TEST(GIFDisposal, RestoringWorksUnderAFrameThatCoversEverything) {
   GIFBuilder gif = screen(2, 1);
   draw(gif, 0, 0, "RG");
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 0, 0, "BB");
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 1, 0, "W");
   draw(gif, 0, 0, "W");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"RG", "BB", "RW", "WG"}));
@@ -63,7 +63,7 @@ TEST(GIFDisposal, RestoringWorksUnderAFrameThatCoversEverything) {
 TEST(GIFDisposal, ClearingAFrameWithATransparentIndexMakesItsRectangleTransparent) {
   GIFBuilder gif = screen(3, 1);
   draw(gif, 0, 0, "RRR");
-  gif.control({.disposal = clear, .transparentIndex = white});
+  gif.control({.disposal = kClear, .transparentIndex = white});
   draw(gif, 1, 0, "GW");
   gif.control({.transparentIndex = white});
   draw(gif, 0, 0, "W");
@@ -76,7 +76,7 @@ TEST(GIFDisposal, ClearingAnOpaqueFrameMakesItsRectangleTransparentWhateverTheBa
   auto bytes = *gif.data();
   bytes[11] = 1;
   gif.cutTo(0).bytes(bytes);
-  gif.control({.disposal = clear});
+  gif.control({.disposal = kClear});
   draw(gif, 0, 0, "RR");
   draw(gif, 2, 0, "G");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"RR.", "..G"}));
@@ -84,9 +84,9 @@ TEST(GIFDisposal, ClearingAnOpaqueFrameMakesItsRectangleTransparentWhateverTheBa
 
 TEST(GIFDisposal, ClearingTheWholeCanvasLeavesNothing) {
   GIFBuilder gif = screen(2, 2);
-  gif.control({.disposal = clear, .transparentIndex = white});
+  gif.control({.disposal = kClear, .transparentIndex = white});
   draw(gif, 0, 0, "RR/RW");
-  gif.control({.disposal = clear, .transparentIndex = white});
+  gif.control({.disposal = kClear, .transparentIndex = white});
   draw(gif, 0, 0, "WG/WW");
   draw(gif, 0, 1, "B");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"RR/R.", ".G/..", "../B."}));
@@ -94,9 +94,9 @@ TEST(GIFDisposal, ClearingTheWholeCanvasLeavesNothing) {
 
 TEST(GIFDisposal, RestoringAfterClearingRestoresTheClearedCanvas) {
   GIFBuilder gif = screen(2, 1);
-  gif.control({.disposal = clear});
+  gif.control({.disposal = kClear});
   draw(gif, 0, 0, "R");
-  gif.control({.disposal = previous});
+  gif.control({.disposal = kPrevious});
   draw(gif, 0, 0, "GG");
   draw(gif, 1, 0, "B");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"R.", "GG", ".B"}));
@@ -123,7 +123,7 @@ TEST(GIFDisposal, FiveToSevenKeepTheFrame) {
 }
 
 TEST(GIFDisposal, ZeroKeepsTheFrameWhateverWasBefore) {
-  for (const unsigned before : {clear, previous}) {
+  for (const unsigned before : {kClear, kPrevious}) {
     GIFBuilder gif = screen(3, 1);
     gif.control({.disposal = before});
     draw(gif, 0, 0, "R");
@@ -138,7 +138,7 @@ TEST(GIFDisposal, ZeroKeepsTheFrameWhateverWasBefore) {
 TEST(GIFDisposal, OfAFrameThatCannotBeDecodedDoesNotHappen) {
   GIFBuilder gif = screen(2, 1);
   draw(gif, 0, 0, "RR");
-  gif.control({.disposal = clear}).descriptor({.width = 2, .height = 1}).bytes({0, 0});
+  gif.control({.disposal = kClear}).descriptor({.width = 2, .height = 1}).bytes({0, 0});
   draw(gif, 1, 0, "G");
   EXPECT_EQ(frames(gif.trailer()), (Texts{"RR", "none", "RG"}));
 }

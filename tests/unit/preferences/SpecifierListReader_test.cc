@@ -9,7 +9,7 @@ namespace {
 
 using testing::IsEmpty;
 
-class Pane : public PSListController {
+class ListedPane : public PSListController {
  public:
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
@@ -27,15 +27,15 @@ class Pane : public PSListController {
   std::optional<PropertyListValue> kept;
 };
 
-constexpr std::array kMethods{
-    method<&Pane::get>("getIt:"),
-    method<&Pane::set>("setIt:row:"),
-    method<&Pane::usualGet>("readPreferenceValue:"),
-    method<&Pane::usualSet>("setPreferenceValue:specifier:"),
+constexpr std::array kListedPaneMethods{
+    method<&ListedPane::get>("getIt:"),
+    method<&ListedPane::set>("setIt:row:"),
+    method<&ListedPane::usualGet>("readPreferenceValue:"),
+    method<&ListedPane::usualSet>("setPreferenceValue:specifier:"),
 };
-constexpr ClassDescription Pane::classObject{"Pane", &PSListController::classObject,
-                                             &allocObject<Pane>, kMethods};
-constexpr std::array<const ClassDescription*, 1> kClasses{&Pane::classObject};
+constexpr ClassDescription ListedPane::classObject{"ListedPane", &PSListController::classObject,
+                                                   &allocObject<ListedPane>, kListedPaneMethods};
+constexpr std::array<const ClassDescription*, 1> kClasses{&ListedPane::classObject};
 
 class SpecifierListTest : public PaneTest {
  protected:
@@ -49,7 +49,7 @@ class SpecifierListTest : public PaneTest {
     return load({{"items", PropertyListArray{item}}});
   }
 
-  std::shared_ptr<Pane> pane = allocInit<Pane>();
+  std::shared_ptr<ListedPane> pane = allocInit<ListedPane>();
 };
 
 TEST_F(SpecifierListTest, AMissingListOrOneWithoutItemsGivesNoRows) {

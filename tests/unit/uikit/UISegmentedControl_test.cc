@@ -8,7 +8,7 @@
 
 namespace {
 
-class Listener : public NSObject {
+class ChangeListener : public NSObject {
  public:
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
@@ -16,10 +16,10 @@ class Listener : public NSObject {
   int changes = 0;
 };
 
-constexpr std::array kMethods{method<&Listener::changed>("changed")};
+constexpr std::array kChangeListenerMethods{method<&ChangeListener::changed>("changed")};
 
-constexpr ClassDescription Listener::classObject{"Listener", &NSObject::classObject,
-                                                 &allocObject<Listener>, kMethods};
+constexpr ClassDescription ChangeListener::classObject{
+    "ChangeListener", &NSObject::classObject, &allocObject<ChangeListener>, kChangeListenerMethods};
 
 class UISegmentedControlTest : public testing::Test {
  protected:
@@ -29,7 +29,7 @@ class UISegmentedControlTest : public testing::Test {
   }
 
   std::shared_ptr<UISegmentedControl> control = alloc<UISegmentedControl>();
-  std::shared_ptr<Listener> listener = allocInit<Listener>();
+  std::shared_ptr<ChangeListener> listener = allocInit<ChangeListener>();
 };
 
 TEST_F(UISegmentedControlTest, NoSegmentIsSelectedAtFirst) {

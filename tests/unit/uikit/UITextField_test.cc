@@ -5,7 +5,7 @@
 
 namespace {
 
-class Listener : public NSObject {
+class EditListener : public NSObject {
  public:
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
@@ -13,16 +13,16 @@ class Listener : public NSObject {
   int count = 0;
 };
 
-constexpr std::array kMethods{method<&Listener::ended>("ended")};
-constexpr ClassDescription Listener::classObject{"Listener", &NSObject::classObject,
-                                                 &allocObject<Listener>, kMethods};
+constexpr std::array kEditListenerMethods{method<&EditListener::ended>("ended")};
+constexpr ClassDescription EditListener::classObject{
+    "EditListener", &NSObject::classObject, &allocObject<EditListener>, kEditListenerMethods};
 
 class TextFieldTest : public PaneTest {
  protected:
   TextFieldTest() {
     field->addTargetActionForControlEvents(listener, "ended", UIControlEvent::kEditingDidEnd);
   }
-  std::shared_ptr<Listener> listener = allocInit<Listener>();
+  std::shared_ptr<EditListener> listener = allocInit<EditListener>();
   std::shared_ptr<UITextField> field = allocInit<UITextField>();
 };
 
