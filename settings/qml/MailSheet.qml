@@ -160,35 +160,52 @@ FocusScope {
                 }
                 AccessibleElement {
                     width: parent.width
-                    height: Theme.hitSize
+                    height: subject.height
                     kind: AccessibleElement.TextArea
                     name: qsTr("Subject")
                     editor: subject
                     MailLabel {
                         id: subjectLabel
+                        height: Theme.hitSize
                         text: qsTr("Subject:")
                     }
-                    TextInput {
+                    FontMetrics {
+                        id: subjectLine
+                        font: Theme.bodyFont
+                    }
+                    TextEdit {
                         id: subject
                         anchors.left: subjectLabel.right
                         anchors.right: parent.right
                         anchors.leftMargin: 5
                         anchors.rightMargin: Theme.mailMargin
-                        height: parent.height
+                        topPadding: (Theme.hitSize - subjectLine.height) / 2
+                        bottomPadding: topPadding
                         text: sheet.model.subject
+                        textFormat: TextEdit.PlainText
                         font: Theme.bodyFont
                         color: Theme.textColor
                         selectionColor: Theme.tint
                         selectByMouse: true
-                        clip: true
+                        // A long subject is shown whole; it is one line of the mail all the same.
+                        wrapMode: TextEdit.Wrap
                         activeFocusOnTab: true
-                        verticalAlignment: TextInput.AlignVCenter
                         Accessible.role: Accessible.EditableText
-                        // A long subject shows how it begins.
-                        Component.onCompleted: cursorPosition = 0
-                        onTextChanged: sheet.model.editSubject(text)
-                        onActiveFocusChanged: if (!activeFocus)
-                            cursorPosition = 0
+                        KeyNavigation.priority: KeyNavigation.BeforeItem
+                        KeyNavigation.tab: attachments.count > 0 ? attachments.itemAt(0) : body
+                        KeyNavigation.backtab: send
+                        Keys.onReturnPressed: body.forceActiveFocus(Qt.TabFocusReason)
+                        Keys.onEnterPressed: body.forceActiveFocus(Qt.TabFocusReason)
+                        onTextChanged: {
+                            const line = text.replace(/[\r\n\u2028\u2029]+/g, " ");
+                            if (line === text) {
+                                sheet.model.editSubject(text);
+                                return;
+                            }
+                            const position = cursorPosition;
+                            text = line;
+                            cursorPosition = Math.min(position, length);
+                        }
                         cursorDelegate: MailCursor {
                             shown: subject.cursorVisible
                         }

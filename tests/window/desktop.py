@@ -108,18 +108,16 @@ class Application:
         self.process.stderr.close()
 
     def elements(self):
-        """All elements as they now are, each before what is in it."""
-        found = []
-
+        """All elements as they now are, each before what is in it, one after the other: each costs
+        messages."""
         def walk(element):
-            found.append(element)
+            yield element
             for child in element:
                 if child:
-                    walk(child)
+                    yield from walk(child)
 
         self._application.clear_cache()
-        walk(self._application)
-        return found
+        yield from walk(self._application)
 
     def top(self):
         """The windows."""
@@ -203,15 +201,22 @@ class Posts:
         wait_for(lambda: self.count() >= number, f"{number} posts")
 
 
-def pixel(x, y):
-    """Red, green and blue of a place on the screen, as the X server has it."""
+def screen(x, y, width, height):
+    """The pixels of a place on the screen, as the X server has them: rows of blue, green, red and a
+    byte of padding."""
     with open(os.path.join(os.environ["XDG_RUNTIME_DIR"], "Xvfb_screen0"), "rb") as file:
         header = struct.unpack(">25I", file.read(100))
         size, bits, line, colors = header[0], header[11], header[12], header[19]
         assert bits == 32, bits
         # The picture follows the header and a table of colours of 12 bytes each.
-        file.seek(size + 12 * colors + y * line + x * 4)
-        blue, green, red, _ = file.read(4)
+        file.seek(size + 12 * colors + y * line)
+        rows = file.read(height * line)
+    return b"".join(rows[row * line + x * 4:row * line + (x + width) * 4] for row in range(height))
+
+
+def pixel(x, y):
+    """Red, green and blue of a place on the screen."""
+    blue, green, red, _ = screen(x, y, 1, 1)
     return red, green, blue
 
 

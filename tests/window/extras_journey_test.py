@@ -144,12 +144,12 @@ class Extras(unittest.TestCase):
         message = self.application.wait_for("text", "Message")
         self.assertTrue(message.queryEditableText().setTextContents("Grüße!" + body))
         subject = self.application.wait_for("text", "Subject")
-        self.assertTrue(subject.queryEditableText().setTextContents("Größer"))
+        self.assertTrue(subject.queryEditableText().setTextContents("Größer\nals je"))
         self.press("push button", "Send")
         self.gone("dialog", "")
         with open(self.path("mail"), "rb") as file:
             mail = email.message_from_binary_file(file, policy=email.policy.default)
-        self.assertEqual(mail["Subject"], "Größer")
+        self.assertEqual(mail["Subject"], "Größer als je")
         self.assertEqual([address.addr_spec for address in mail["To"].addresses],
                          ["support@tallowbyte.example"])
         text, attachment = mail.iter_parts()

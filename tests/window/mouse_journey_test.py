@@ -10,6 +10,7 @@ import desktop
 import program
 
 TYPED = "*31#9"
+WHEEL_NOTCH = 120  # points, at most, that the list moves for one
 
 
 class MouseJourney(unittest.TestCase):
@@ -33,14 +34,19 @@ class MouseJourney(unittest.TestCase):
 
     def resting_place(self, role, name):
         """Where the element stands once it has stopped moving."""
-        places = []
+        element, places = None, []
 
         def rests():
-            element = self.application.find(role, name)
-            if not element:
+            nonlocal element
+            try:
+                element = element or self.application.find(role, name)
+                if not element:
+                    return None
+                places.append(self.application.place(element))
+            except Exception:  # it has gone meanwhile
+                element = None
                 return None
-            places.append(self.application.place(element))
-            return len(places) > 2 and places[-1] == places[-2] == places[-3]
+            return len(places) > 4 and len(set(places[-5:])) == 1
         desktop.wait_for(rests, f"{role} “{name}” to rest")
         return places[-1]
 
@@ -55,7 +61,9 @@ class MouseJourney(unittest.TestCase):
             _, y, _, height = self.resting_place(role, name)
             if top + 60 <= y and y + height <= top + bottom:
                 return True
-            desktop.xdotool("mousemove", 187, 400, "click", 5 if y > top + 300 else 4)
+            notches = max(1, abs(y - top - 300) // WHEEL_NOTCH)
+            desktop.xdotool("mousemove", 187, 400, "click", "--repeat", notches, "--delay", 5,
+                            5 if y > top + 300 else 4)
             return False
         desktop.wait_for(in_sight, f"{role} “{name}” to come into sight")
 

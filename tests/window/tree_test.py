@@ -4,16 +4,24 @@ QUIETDIAL_KEEP_TREES=1 in the environment writes the files anew, to be looked at
 
 import difflib
 import os
+import sys
 import tempfile
 import unittest
 
 import desktop
 
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+from catalogue import Catalogue  # noqa: E402
+
 TREES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "trees")
 PANES = ["SettingsListController", "QDPreferencesListController", "QDCountryPrefixController",
-         "QDButtonStyleSelectionController"]
+         "QDDialerStyleSelectionController", "QDSystemwideStyleSelectionController",
+         "QDButtonStyleSelectionController", "QDPromotionController", "QDSupportListController",
+         "QDCreditsListController", "QDSoftwareCreditsController"]
 STATES = ["checked", "checkable", "editable", "enabled", "focusable"]
 SMALLEST_TARGET = 44
+# Their segments are lower than that and take taps beyond their edges: see the styles' journey.
+SEGMENTED = ["QDDialerStyleSelectionController", "QDSystemwideStyleSelectionController"]
 
 
 class Tree(unittest.TestCase):
@@ -23,9 +31,16 @@ class Tree(unittest.TestCase):
         folder = tempfile.TemporaryDirectory()
         self.addCleanup(folder.cleanup)
         arguments = [] if pane == "SettingsListController" else ["--pane", pane]
+        if pane == "QDPromotionController":
+            server = Catalogue("com.a")
+            self.addCleanup(server.end)
+            arguments += ["--map-host", server.mapping]
         self.application = desktop.Application(folder.name, "--size", "375x667", "--motion",
-                                               "reduced", "--effects", "none", *arguments)
+                                               "reduced", "--effects", "none", "--no-web-engine",
+                                               *arguments)
         self.addCleanup(self.application.close)
+        if pane == "QDPromotionController":
+            self.application.wait_for("push button", "Open in Browser")
 
     def told(self):
         """One line for each element: role, name, states, actions, place in the window."""
@@ -78,7 +93,7 @@ class Tree(unittest.TestCase):
                 self.assertEqual(difference, "")
 
     def test_what_can_be_pressed_is_large_enough_for_a_finger_and_nothing_of_it_overlaps(self):
-        for pane in PANES:
+        for pane in set(PANES) - set(SEGMENTED):
             with self.subTest(pane=pane):
                 self.open(pane)
                 self.settled()
