@@ -4,7 +4,7 @@
 #include <memory>
 #include <ranges>
 
-#include <curl/curl.h>
+#include "linux/CurlLibrary.h"
 
 namespace {
 
@@ -15,25 +15,15 @@ constexpr const char* kUserAgent = "QuietDial/1.0";
 constexpr const char* kSchemes = "http,https";
 constexpr std::size_t kMostHeaders = 200;
 
-struct FreeURL {
-  void operator()(CURLU* url) const { curl_url_cleanup(url); }
-};
-struct FreeText {
-  void operator()(char* text) const { curl_free(text); }
-};
-struct FreeList {
-  void operator()(curl_slist* list) const { curl_slist_free_all(list); }
-};
-
 // The host in an address; nothing where it is no address.
-std::optional<std::string> hostOf(const std::string& address) {
-  const std::unique_ptr<CURLU, FreeURL> url(curl_url());
+std::optional<std::string> hostOf(const CurlLibrary& curl, const std::string& address) {
+  const std::unique_ptr<CURLU, decltype(curl.url_cleanup)> url(curl.url(), curl.url_cleanup);
   char* host = nullptr;
-  if (!url || curl_url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK ||
-      curl_url_get(url.get(), CURLUPART_HOST, &host, 0) != CURLUE_OK) {
+  if (!url || curl.url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK ||
+      curl.url_get(url.get(), CURLUPART_HOST, &host, 0) != CURLUE_OK) {
     return std::nullopt;
   }
-  const std::unique_ptr<char, FreeText> owner(host);
+  const std::unique_ptr<char, decltype(curl.free)> owner(host, curl.free);
   return std::string(host);
 }
 
@@ -62,19 +52,21 @@ bool isRedirect(int status) {
 /// One request and its answer, without redirects.
 class HTTPClient::Transfer {
  public:
-  Transfer(HTTPClient& client, std::size_t mostBytes)
-      : client_(client),
+  Transfer(const CurlLibrary& curl, HTTPClient& client, std::size_t mostBytes)
+      : curl_(curl),
+        client_(client),
         mostBytes_(mostBytes),
-        multi_(curl_multi_init()),
-        easy_(curl_easy_init()) {}
+        multi_(curl.multi_init()),
+        easy_(curl.easy_init()),
+        connectTo_(nullptr, curl.slist_free_all) {}
   Transfer(const Transfer&) = delete;
   Transfer& operator=(const Transfer&) = delete;
   Transfer(Transfer&&) = delete;
   Transfer& operator=(Transfer&&) = delete;
   ~Transfer() {
-    curl_multi_remove_handle(multi_, easy_);
-    curl_easy_cleanup(easy_);
-    curl_multi_cleanup(multi_);
+    curl_.multi_remove_handle(multi_, easy_);
+    curl_.easy_cleanup(easy_);
+    curl_.multi_cleanup(multi_);
   }
 
   /// True when the answer has come whole.
@@ -85,7 +77,7 @@ class HTTPClient::Transfer {
     const bool done = wait();
     client_.leave(multi_);
     long status = 0;
-    curl_easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &status);
+    curl_.easy_getinfo(easy_, CURLINFO_RESPONSE_CODE, &status);
     answer_.status = static_cast<int>(status);
     return done;
   }
@@ -96,7 +88,7 @@ class HTTPClient::Transfer {
   std::optional<std::string> redirect() const {
     char* url = nullptr;
     if (!isRedirect(answer_.status) ||
-        curl_easy_getinfo(easy_, CURLINFO_REDIRECT_URL, &url) != CURLE_OK || !url) {
+        curl_.easy_getinfo(easy_, CURLINFO_REDIRECT_URL, &url) != CURLE_OK || !url) {
       return std::nullopt;
     }
     return std::string(url);
@@ -105,7 +97,7 @@ class HTTPClient::Transfer {
  private:
   template <class Value>
   bool set(CURLoption option, Value value) {
-    return curl_easy_setopt(easy_, option, value) == CURLE_OK;
+    return curl_.easy_setopt(easy_, option, value) == CURLE_OK;
   }
 
   bool configure(const std::string& url, const HostMap::Address* address, Milliseconds time) {
@@ -117,25 +109,25 @@ class HTTPClient::Transfer {
         set(CURLOPT_WRITEFUNCTION, &Transfer::receiveBody) && set(CURLOPT_WRITEDATA, this) &&
         set(CURLOPT_HEADERFUNCTION, &Transfer::receiveHeader) && set(CURLOPT_HEADERDATA, this);
     if (ok && address) {
-      connectTo_.reset(curl_slist_append(nullptr, ("::" + address->text()).c_str()));
+      connectTo_.reset(curl_.slist_append(nullptr, ("::" + address->text()).c_str()));
       ok = connectTo_ && set(CURLOPT_CONNECT_TO, connectTo_.get()) && set(CURLOPT_PROXY, "");
     }
-    return ok && curl_multi_add_handle(multi_, easy_) == CURLM_OK;
+    return ok && curl_.multi_add_handle(multi_, easy_) == CURLM_OK;
   }
 
   bool wait() {
     int running = 1;
     while (!client_.isStopped()) {
-      if (curl_multi_perform(multi_, &running) != CURLM_OK) {
+      if (curl_.multi_perform(multi_, &running) != CURLM_OK) {
         return false;
       }
       if (running == 0) {
         int left = 0;
-        const auto* message = curl_multi_info_read(multi_, &left);
+        const auto* message = curl_.multi_info_read(multi_, &left);
         return message && message->msg == CURLMSG_DONE && message->data.result == CURLE_OK;
       }
       constexpr int kLongestWait = 1000;
-      if (curl_multi_poll(multi_, nullptr, 0, kLongestWait, nullptr) != CURLM_OK) {
+      if (curl_.multi_poll(multi_, nullptr, 0, kLongestWait, nullptr) != CURLM_OK) {
         return false;
       }
     }
@@ -165,11 +157,12 @@ class HTTPClient::Transfer {
     return line.size();
   }
 
+  const CurlLibrary& curl_;
   HTTPClient& client_;
   const std::size_t mostBytes_;
   CURLM* multi_;
   CURL* easy_;
-  std::unique_ptr<curl_slist, FreeList> connectTo_;
+  std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> connectTo_;
   HTTPAnswer answer_;
 };
 
@@ -180,22 +173,24 @@ std::optional<std::string> HTTPAnswer::header(std::string_view name) const {
 }
 
 HTTPClient::HTTPClient(HostMap hosts, Unmapped unmapped)
-    : hosts_(std::move(hosts)), unmapped_(unmapped) {
-  static std::once_flag initialized;
-  std::call_once(initialized, [] { curl_global_init(CURL_GLOBAL_DEFAULT); });
-}
+    : hosts_(std::move(hosts)), unmapped_(unmapped) {}
 
 std::optional<HTTPAnswer> HTTPClient::get(const std::string& url, const HTTPLimits& limits) {
+  waitWhileSuspended();
+  const auto* curl = isStopped() ? nullptr : CurlLibrary::shared();
+  if (!curl) {
+    return std::nullopt;
+  }
   const auto deadline = SteadyClock::now() + limits.time;
   std::string next = url;
   for (int redirects = 0; redirects <= limits.redirects; ++redirects) {
-    const auto host = hostOf(next);
+    const auto host = hostOf(*curl, next);
     const auto* address = host ? hosts_.find(*host) : nullptr;
     const auto left = std::chrono::ceil<Milliseconds>(deadline - SteadyClock::now());
     if (!host || (!address && unmapped_ == Unmapped::kUnreachable) || left.count() <= 0) {
       return std::nullopt;
     }
-    Transfer transfer(*this, limits.bytes);
+    Transfer transfer(*curl, *this, limits.bytes);
     if (!transfer.run(next, address, left)) {
       return std::nullopt;
     }
@@ -208,11 +203,28 @@ std::optional<HTTPAnswer> HTTPClient::get(const std::string& url, const HTTPLimi
   return std::nullopt;
 }
 
+void HTTPClient::suspend() {
+  const std::lock_guard lock(mutex_);
+  suspended_ = true;
+}
+
+void HTTPClient::resume() {
+  const std::lock_guard lock(mutex_);
+  suspended_ = false;
+  mayStart_.notify_all();
+}
+
+void HTTPClient::waitWhileSuspended() {
+  std::unique_lock lock(mutex_);
+  mayStart_.wait(lock, [this] { return !suspended_ || stopped_; });
+}
+
 void HTTPClient::stop() {
   const std::lock_guard lock(mutex_);
   stopped_ = true;
+  mayStart_.notify_all();
   for (void* transfers : running_) {
-    curl_multi_wakeup(static_cast<CURLM*>(transfers));
+    CurlLibrary::shared()->multi_wakeup(static_cast<CURLM*>(transfers));
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <condition_variable>
 #include <cstddef>
 #include <mutex>
 #include <optional>
@@ -50,6 +51,11 @@ class HTTPClient {
   /// the limits.
   std::optional<HTTPAnswer> get(const std::string& url, const HTTPLimits& limits = {});
 
+  /// For the start of the program, when other things are more urgent: what is asked for waits until
+  /// `resume()`. Its time counts from then.
+  void suspend();
+  void resume();
+
   /// For the end of the program: what is under way ends at once without an answer, and so does
   /// whatever is asked for later.
   void stop();
@@ -57,6 +63,7 @@ class HTTPClient {
  private:
   class Transfer;
 
+  void waitWhileSuspended();
   bool isStopped();
   bool enter(void* transfers);
   void leave(void* transfers);
@@ -64,6 +71,8 @@ class HTTPClient {
   const HostMap hosts_;
   const Unmapped unmapped_;
   std::mutex mutex_;
+  std::condition_variable mayStart_;
   std::set<void*> running_;  // guarded by mutex_
+  bool suspended_ = false;   // guarded by mutex_
   bool stopped_ = false;     // guarded by mutex_
 };

@@ -52,19 +52,21 @@ bool isBusyPage(const QQuickItem& item) {
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(Sheets& sheets, WebPages& webPages, OpeningRecord& record,
-                               PictureProvider::PathResolver resolvePicture, QSize size)
-    : record_(record), mirror_(engine_), view_(&engine_, nullptr) {
-  engine_.addImageProvider(QLatin1String(PictureProvider::kName),
-                           new PictureProvider(std::move(resolvePicture)));
-  engine_.setProperty("viewMirror", QVariant::fromValue(&mirror_));
-  engine_.setProperty("webPages", QVariant::fromValue(&webPages));
+SettingsWindow::SettingsWindow(Interface& interface, Sheets& sheets, WebPages& webPages,
+                               OpeningRecord& record, PictureProvider::PathResolver resolvePicture,
+                               QSize size)
+    : record_(record), mirror_(interface.engine()), view_(&interface.engine(), nullptr) {
+  auto& engine = interface.engine();
+  engine.addImageProvider(QLatin1String(PictureProvider::kName),
+                          new PictureProvider(std::move(resolvePicture)));
+  engine.setProperty("viewMirror", QVariant::fromValue(&mirror_));
+  engine.setProperty("webPages", QVariant::fromValue(&webPages));
   view_.setTitle(QStringLiteral("Settings"));
   view_.setResizeMode(QQuickView::SizeRootObjectToView);
   view_.resize(size);
   view_.setInitialProperties({{QStringLiteral("navigation"), QVariant::fromValue(&navigation_)},
                               {QStringLiteral("sheets"), QVariant::fromValue(&sheets)}});
-  view_.setSource(QUrl(QStringLiteral("qrc:/QuietDial/Settings/Main.qml")));
+  view_.setSource(Interface::source(QStringLiteral("Main")));
   if (view_.status() != QQuickView::Ready) {
     // The toolkit has told which QML module is missing.
     std::exit(EXIT_FAILURE);
@@ -75,6 +77,7 @@ SettingsWindow::SettingsWindow(Sheets& sheets, WebPages& webPages, OpeningRecord
   connect(&mirror_, &ViewMirror::paneRequested, this,
           [this](const std::string& className) { record_.begin(className); });
   connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::pagesAreShown);
+  connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::frameShown);
   connect(&Appearance::shared(), &Appearance::changed, &mirror_, &ViewMirror::bringOverAll);
 }
 

@@ -2,11 +2,11 @@
 
 #include <QImage>
 #include <QObject>
-#include <QQmlEngine>
 #include <QQuickView>
 #include <QSize>
 #include <memory>
 
+#include "settings/Interface.h"
 #include "settings/MainQueueHost.h"
 #include "settings/Navigation.h"
 #include "settings/OpeningRecord.h"
@@ -21,8 +21,8 @@ class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `sheets`, `webPages` and `record` outlive the window.
-  SettingsWindow(Sheets& sheets, WebPages& webPages, OpeningRecord& record,
+  /// `interface`, `sheets`, `webPages` and `record` outlive the window.
+  SettingsWindow(Interface& interface, Sheets& sheets, WebPages& webPages, OpeningRecord& record,
                  PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)
@@ -48,13 +48,16 @@ class SettingsWindow : public QObject {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
+ signals:
+  /// On the screen there is what the window now shows.
+  void frameShown();
+
  private:
   void settle();
   void pagesAreShown();
 
   OpeningRecord& record_;
   MainQueueHost queue_;
-  QQmlEngine engine_;
   ViewMirror mirror_;
   Navigation navigation_;
   QQuickView view_;

@@ -7,6 +7,8 @@
 #include <array>
 #include <cstdio>
 
+#include <fontconfig/fontconfig.h>
+
 namespace {
 
 constexpr const char* kFolder = "/usr/share/fonts/opentype/inter/";
@@ -18,6 +20,10 @@ QString& family() {
 }
 
 }  // namespace
+
+void system_font::readAvailableFonts() {
+  FcInit();
+}
 
 void system_font::load() {
   for (const char* file : kFiles) {

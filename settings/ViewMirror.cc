@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QQmlEngine>
 #include <QString>
-#include <QUrl>
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -22,6 +21,7 @@
 #include "platform/uikit/UITextField.h"
 #include "platform/uikit/UIWebView.h"
 #include "settings/Appearance.h"
+#include "settings/Interface.h"
 #include "settings/TableItem.h"
 #include "settings/ViewItem.h"
 #include "settings/ViewSurface.h"
@@ -93,8 +93,7 @@ QQmlComponent& ViewMirror::componentFor(const UIView& view) {
   const char* type = typeFor(view);
   auto& component = components_[type];
   if (!component) {
-    const auto url = QStringLiteral("qrc:/QuietDial/Settings/%1.qml").arg(QLatin1String(type));
-    component = std::make_unique<QQmlComponent>(&engine_, QUrl(url));
+    component = std::make_unique<QQmlComponent>(&engine_, Interface::source(QLatin1String(type)));
   }
   return *component;
 }
@@ -105,7 +104,7 @@ ViewItem& ViewMirror::itemFor(UIView& view) {
     return *known->second;
   }
   auto& component = componentFor(view);
-  auto* item = qobject_cast<ViewItem*>(component.create());
+  auto* item = qobject_cast<ViewItem*>(component.beginCreate(engine_.rootContext()));
   if (!item) {
     // The types are part of the program; without them nothing can be shown at all.
     std::fprintf(stderr, "quietdial-settings: %s", qPrintable(component.errorString()));
@@ -113,7 +112,12 @@ ViewItem& ViewMirror::itemFor(UIView& view) {
   }
   item->attach(view, *this);
   items_.emplace(&view, item);
-  bringOver(*item);
+  // With its look there from the start, each text is laid out once.
+  if (item->takeOver()) {
+    bringOverTint(*item);
+  }
+  component.completeCreate();
+  bringOverSubviews(*item);
   return *item;
 }
 

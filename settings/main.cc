@@ -6,11 +6,13 @@
 #include <QImage>
 #include <QQuickWindow>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
 #include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "headless/RecordingAddresses.h"
@@ -41,6 +43,7 @@
 #include "settings/BundleEntry.h"
 #include "settings/BundleLoader.h"
 #include "settings/DesktopPreferences.h"
+#include "settings/Interface.h"
 #include "settings/NotificationsHost.h"
 #include "settings/Options.h"
 #include "settings/QtTextMeasurer.h"
@@ -57,6 +60,8 @@
 namespace {
 
 constexpr int kUnusableArguments = 2;
+// Nothing is fetched before the first frame is shown, but for that many milliseconds at most.
+constexpr int kLongestSuspension = 2000;
 
 // Notifications reach the observers of this process; no other process is told.
 class NoBroadcast final : public NotificationBroadcaster {
@@ -157,7 +162,7 @@ std::shared_ptr<AnimationController> openAnimation(const QString& file,
   return page;
 }
 
-int run(const Options& options) {
+int run(const Options& options, Interface& interface) {
   const QTemporaryDir scratch;
   QString root = options.root;
   if (root.isEmpty()) {
@@ -175,6 +180,9 @@ int run(const Options& options) {
   const auto sheets = std::make_shared<Sheets>();
   const auto web = std::make_shared<HTTPClient>(options.hosts, HTTPClient::Unmapped::kLookedUp);
   const NetworkWork network(web);
+  if (!options.isPicture()) {
+    web->suspend();
+  }
   const auto webPages = std::make_shared<WebPages>(options.hosts, web, options.webEngine);
   const auto refresh = std::make_shared<WindowRefresh>(options.refreshRate);
   const auto effects = effectsFor(options);
@@ -231,8 +239,8 @@ int run(const Options& options) {
   const auto record = std::make_shared<OpeningRecord>(
       root + QStringLiteral("/User/Library/Caches/Settings/Opening"));
   const auto openWindow = [&] {
-    auto window =
-        std::make_unique<SettingsWindow>(*sheets, *webPages, *record, resolve, options.size);
+    auto window = std::make_unique<SettingsWindow>(interface, *sheets, *webPages, *record, resolve,
+                                                   options.size);
     window->follow(*refresh);
     window->navigation().setAnimated(!options.isPicture());
     window->navigation().stack().pushViewControllerAnimated(
@@ -262,6 +270,11 @@ int run(const Options& options) {
     });
     QObject::connect(&termination, &TerminationSignals::received, window.get(),
                      &SettingsWindow::close);
+    QObject::connect(
+        window.get(), &SettingsWindow::frameShown, window.get(), [web] { web->resume(); },
+        Qt::SingleShotConnection);
+    // A window may be opened out of sight.
+    QTimer::singleShot(kLongestSuspension, window.get(), [web] { web->resume(); });
     window->show();
     status = QGuiApplication::exec();
   }
@@ -299,13 +312,18 @@ int main(int count, char** values) {
   }
   if (options.renderer == Options::Renderer::Software) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+  } else {
+    // The web engine wants it from the start, whether or not it is ever used. Beside the software
+    // renderer it draws without, and starting OpenGL would cost more than all else of the start.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   }
-  // The web engine wants it from the start, whether or not it is ever used.
-  QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+  std::thread fonts(system_font::readAvailableFonts);
   int toolkitCount = 1;  // the arguments are this program's own
   qInstallMessageHandler(handleStartMessage);
   const QGuiApplication application(toolkitCount, values);
   qInstallMessageHandler(nullptr);
+  Interface interface;
+  fonts.join();
   QGuiApplication::setApplicationName(QStringLiteral("quietdial-settings"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Settings"));
   QAccessible::installFactory(AccessibleItemInterface::make);
@@ -323,5 +341,5 @@ int main(int count, char** values) {
   UIApplication::sharedApplication().setPreferredContentSizeCategory(options.textSize);
   // Pictures are the same on every desktop.
   const auto desktop = options.isPicture() ? nullptr : std::make_unique<DesktopPreferences>();
-  return run(options);
+  return run(options, interface);
 }

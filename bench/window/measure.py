@@ -3,8 +3,8 @@
 
     bench/window/measure.py BUILD-FOLDER
 
-Both programs run on an X server of their own (Xvfb), one after the other in turns, with the software
-renderer. Needs no accessibility bus; prints one table."""
+Both programs run on an X server (Xvfb) and a session bus of their own, one after the other in turns,
+with the software renderer. Needs no accessibility bus; prints one table."""
 
 import mmap
 import os
@@ -17,7 +17,7 @@ import tempfile
 import time
 
 SIZE = (414, 896)
-STARTS = 15
+STARTS = 25
 IDLE_SECONDS = 5
 FRAME = 1000 / 60  # milliseconds
 SPOT = (300, 20)  # painted in the first frame of both
@@ -117,14 +117,18 @@ def main(build):
         display = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "800x1000x24",
                                     "-fbdir", folder], stdout=subprocess.PIPE,
                                    stderr=subprocess.DEVNULL, text=True)
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"],
+                               stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().strip()
         os.environ["DISPLAY"] = ":" + display.stdout.readline().strip()
         os.environ["QT_QPA_PLATFORM"] = "xcb"
         os.environ["XDG_RUNTIME_DIR"] = folder
         try:
             report(build, Screen(folder), os.path.join(folder, "device"))
         finally:
-            display.terminate()
-            display.wait()
+            for process in (display, bus):
+                process.terminate()
+                process.wait()
 
 
 def report(build, screen, root):

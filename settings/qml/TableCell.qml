@@ -6,21 +6,26 @@ TableCellItem {
 
     readonly property bool down: tap.pressed && cell.selectable
     Accessible.role: Accessible.Button
+    onDownChanged: if (down)
+        shade.active = true
 
     Rectangle {
         anchors.fill: parent
         color: cell.color
     }
-    Rectangle {
+    Loader {
         id: shade
         anchors.fill: parent
-        color: Theme.pressedShade
-        opacity: cell.down ? 1 : 0
-        visible: opacity > 0
-        Behavior on opacity {
-            enabled: !cell.down
-            NumberAnimation {
-                duration: Theme.releaseTime
+        active: false  // until the row is pressed for the first time
+        sourceComponent: Rectangle {
+            color: Theme.pressedShade
+            opacity: cell.down ? 1 : 0
+            visible: opacity > 0
+            Behavior on opacity {
+                enabled: !cell.down
+                NumberAnimation {
+                    duration: Theme.releaseTime
+                }
             }
         }
     }

@@ -1,5 +1,6 @@
 #include "linux/HTTPClient.h"
 
+#include <future>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -32,9 +33,11 @@ class HTTPClientTest : public testing::Test {
     HostMap hosts;
     ASSERT_TRUE(hosts.add("tweaks.tallowbyte.example=127.0.0.1:" + port)) << line;
     client = std::make_shared<HTTPClient>(hosts, HTTPClient::Unmapped::kUnreachable);
+    otherClient = std::make_shared<HTTPClient>(hosts, HTTPClient::Unmapped::kUnreachable);
   }
 
   std::shared_ptr<HTTPClient> client;
+  std::shared_ptr<HTTPClient> otherClient;
 
  private:
   TemporaryFolder folder_;
@@ -102,6 +105,30 @@ TEST_F(HTTPClientTest, StoppingEndsWhatHangsAndRefusesWhatComesLater) {
   }
   EXPECT_EQ(client->get(kList), std::nullopt);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, seconds(20));
+}
+
+TEST_F(HTTPClientTest, WhatIsAskedForWhileSuspendedWaitsAndHasItsWholeTimeThen) {
+  serve("a", "late=0.1");
+  client->suspend();
+  HTTPLimits limits;
+  limits.time = seconds(5);
+  auto answer = std::async(std::launch::async, [&] { return client->get(kList, limits); });
+  EXPECT_TRUE(otherClient->get(kList));
+  EXPECT_TRUE(otherClient->get(kList));
+  EXPECT_EQ(answer.wait_for(seconds(0)), std::future_status::timeout);
+  client->resume();
+  const auto got = answer.get();
+  ASSERT_TRUE(got);
+  EXPECT_EQ(got->body, "a");
+  EXPECT_TRUE(client->get(kList));
+}
+
+TEST_F(HTTPClientTest, StoppingEndsWhatWaitsToBegin) {
+  serve("a");
+  client->suspend();
+  auto answer = std::async(std::launch::async, [&] { return client->get(kList); });
+  client->stop();
+  EXPECT_EQ(answer.get(), std::nullopt);
 }
 
 TEST_F(HTTPClientTest, OnlyAddressesOfHTTPAreAsked) {
