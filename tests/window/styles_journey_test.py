@@ -223,6 +223,18 @@ class StylesJourney(unittest.TestCase):
             self.assertGreater(len(set(pixels)), 50)
             self.application.close()
 
+    def test_with_reduced_motion_a_preview_is_its_last_frame(self):
+        ends = []
+        for arguments in (["--motion", "reduced"], []):
+            self.start("--pane", DIAL, "--size", "375x900", *arguments)
+            preview = self.application.wait_for("image", "Animation: ")
+            course = self.watch(self.application.place(preview))
+            ends.append(course[-1])
+            if arguments:
+                self.assertLessEqual(len(course), 2)  # the empty place may be seen before it
+            self.application.close()
+        self.assertEqual(ends[0], ends[1])
+
 
 if __name__ == "__main__":
     desktop.in_own_desktop()
