@@ -74,10 +74,9 @@ FocusScope {
                 }
             }
         }
-        Rectangle {
+        Hairline {
             anchors.bottom: button.top
             width: parent.width
-            height: Theme.hairline
             color: Theme.sheetLineColor
         }
         SheetButton {

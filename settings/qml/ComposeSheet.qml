@@ -69,10 +69,9 @@ FocusScope {
             prominent: true
             onPressed: sheet.model.post()
         }
-        Rectangle {
+        Hairline {
             y: Theme.barHeight - height
             width: parent.width
-            height: Theme.hairline
             color: Theme.sheetLineColor
         }
         AccessibleElement {

@@ -93,10 +93,9 @@ FocusScope {
             enabled: sheet.idle
             onPressed: sheet.model.send()
         }
-        Rectangle {
+        Hairline {
             y: Theme.barHeight - height
             width: parent.width
-            height: Theme.hairline
             color: Theme.sheetLineColor
         }
 

@@ -9,10 +9,9 @@ Rectangle {
 
     color: Theme.barColor
 
-    Rectangle {
+    Hairline {
         anchors.bottom: parent.bottom
         width: parent.width
-        height: Theme.hairline
         color: Theme.barLineColor
     }
     Repeater {

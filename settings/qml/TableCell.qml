@@ -29,20 +29,16 @@ TableCellItem {
             }
         }
     }
-    Rectangle {
+    Hairline {
         visible: cell.opensGroup
         width: parent.width
-        height: Theme.hairline
-        color: Theme.separatorColor
     }
-    Rectangle {
+    Hairline {
         anchors.left: parent.left
         anchors.leftMargin: cell.closesGroup ? 0 : cell.separatorLeft
         anchors.right: parent.right
         anchors.rightMargin: cell.closesGroup ? 0 : cell.separatorRight
         anchors.bottom: parent.bottom
-        height: Theme.hairline
-        color: Theme.separatorColor
         visible: cell.closesGroup || !cell.down
     }
     Loader {
