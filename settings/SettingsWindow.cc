@@ -52,11 +52,11 @@ bool isBusyPage(const QQuickItem& item) {
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(Interface& interface, Sheets& sheets, WebPages& webPages,
+SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, WebPages& webPages,
                                OpeningRecord& record, PictureProvider::PathResolver resolvePicture,
                                QSize size)
-    : record_(record), mirror_(interface.engine()), view_(&interface.engine(), nullptr) {
-  auto& engine = interface.engine();
+    : record_(record), mirror_(qml.engine()), view_(&qml.engine(), nullptr) {
+  auto& engine = qml.engine();
   engine.addImageProvider(QLatin1String(PictureProvider::kName),
                           new PictureProvider(std::move(resolvePicture)));
   engine.setProperty("viewMirror", QVariant::fromValue(&mirror_));
@@ -66,7 +66,7 @@ SettingsWindow::SettingsWindow(Interface& interface, Sheets& sheets, WebPages& w
   view_.resize(size);
   view_.setInitialProperties({{QStringLiteral("navigation"), QVariant::fromValue(&navigation_)},
                               {QStringLiteral("sheets"), QVariant::fromValue(&sheets)}});
-  view_.setSource(Interface::source(QStringLiteral("Main")));
+  view_.setSource(QmlRuntime::source(QStringLiteral("Main")));
   if (view_.status() != QQuickView::Ready) {
     // The toolkit has told which QML module is missing.
     std::exit(EXIT_FAILURE);

@@ -6,11 +6,11 @@
 #include <QSize>
 #include <memory>
 
-#include "settings/Interface.h"
 #include "settings/MainQueueHost.h"
 #include "settings/Navigation.h"
 #include "settings/OpeningRecord.h"
 #include "settings/PictureProvider.h"
+#include "settings/QmlRuntime.h"
 #include "settings/Sheets.h"
 #include "settings/ViewMirror.h"
 #include "settings/WebPages.h"
@@ -21,8 +21,8 @@ class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `interface`, `sheets`, `webPages` and `record` outlive the window.
-  SettingsWindow(Interface& interface, Sheets& sheets, WebPages& webPages, OpeningRecord& record,
+  /// `qml`, `sheets`, `webPages` and `record` outlive the window.
+  SettingsWindow(QmlRuntime& qml, Sheets& sheets, WebPages& webPages, OpeningRecord& record,
                  PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)

@@ -21,7 +21,7 @@
 #include "platform/uikit/UITextField.h"
 #include "platform/uikit/UIWebView.h"
 #include "settings/Appearance.h"
-#include "settings/Interface.h"
+#include "settings/QmlRuntime.h"
 #include "settings/TableItem.h"
 #include "settings/ViewItem.h"
 #include "settings/ViewSurface.h"
@@ -93,7 +93,7 @@ QQmlComponent& ViewMirror::componentFor(const UIView& view) {
   const char* type = typeFor(view);
   auto& component = components_[type];
   if (!component) {
-    component = std::make_unique<QQmlComponent>(&engine_, Interface::source(QLatin1String(type)));
+    component = std::make_unique<QQmlComponent>(&engine_, QmlRuntime::source(QLatin1String(type)));
   }
   return *component;
 }

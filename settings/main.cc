@@ -43,9 +43,9 @@
 #include "settings/BundleEntry.h"
 #include "settings/BundleLoader.h"
 #include "settings/DesktopPreferences.h"
-#include "settings/Interface.h"
 #include "settings/NotificationsHost.h"
 #include "settings/Options.h"
+#include "settings/QmlRuntime.h"
 #include "settings/QtTextMeasurer.h"
 #include "settings/SettingsListController.h"
 #include "settings/SettingsWindow.h"
@@ -162,7 +162,7 @@ std::shared_ptr<AnimationController> openAnimation(const QString& file,
   return page;
 }
 
-int run(const Options& options, Interface& interface) {
+int run(const Options& options, QmlRuntime& qml) {
   const QTemporaryDir scratch;
   QString root = options.root;
   if (root.isEmpty()) {
@@ -239,8 +239,8 @@ int run(const Options& options, Interface& interface) {
   const auto record = std::make_shared<OpeningRecord>(
       root + QStringLiteral("/User/Library/Caches/Settings/Opening"));
   const auto openWindow = [&] {
-    auto window = std::make_unique<SettingsWindow>(interface, *sheets, *webPages, *record, resolve,
-                                                   options.size);
+    auto window =
+        std::make_unique<SettingsWindow>(qml, *sheets, *webPages, *record, resolve, options.size);
     window->follow(*refresh);
     window->navigation().setAnimated(!options.isPicture());
     window->navigation().stack().pushViewControllerAnimated(
@@ -314,7 +314,7 @@ int main(int count, char** values) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   } else {
     // The web engine wants it from the start, whether or not it is ever used. Beside the software
-    // renderer it draws without, and starting OpenGL would cost more than all else of the start.
+    // renderer it draws without, and the first page comes much sooner where OpenGL is not started.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
   }
   std::thread fonts(system_font::readAvailableFonts);
@@ -322,7 +322,7 @@ int main(int count, char** values) {
   qInstallMessageHandler(handleStartMessage);
   const QGuiApplication application(toolkitCount, values);
   qInstallMessageHandler(nullptr);
-  Interface interface;
+  QmlRuntime qml;
   fonts.join();
   QGuiApplication::setApplicationName(QStringLiteral("quietdial-settings"));
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Settings"));
@@ -341,5 +341,5 @@ int main(int count, char** values) {
   UIApplication::sharedApplication().setPreferredContentSizeCategory(options.textSize);
   // Pictures are the same on every desktop.
   const auto desktop = options.isPicture() ? nullptr : std::make_unique<DesktopPreferences>();
-  return run(options, interface);
+  return run(options, qml);
 }

@@ -58,6 +58,15 @@ class Pictures(unittest.TestCase):
         self.assertEqual(picture.at(5, first_row + 87), SEPARATOR)
         self.assertEqual(picture.at(5, first_row + 90), PAGE)
 
+    def test_lines_are_one_pixel_high_at_every_scale(self):
+        for scale in (1, 2, 3):
+            picture = self.take("--size", "320x568", "--scale", str(scale))
+            below_bar, row, row_end = 44 * scale, 79 * scale, 123 * scale
+            column = [picture.at(300 * scale, y) for y in range(below_bar - 4, row_end + 4)]
+            lines = [y + below_bar - 4 for y, color in enumerate(column)
+                     if color in (BAR_LINE, SEPARATOR)]
+            self.assertEqual(lines, [below_bar - 1, row, row_end - 1], scale)
+
     def test_the_update_row_stands_red_under_the_first_row(self):
         pane = ["--pane", "QDPreferencesListController", "--size", "320x568", "--scale", "2"]
         second_row = (44 + 35 + 44) * 2

@@ -1,4 +1,4 @@
-#include "settings/Interface.h"
+#include "settings/QmlRuntime.h"
 
 #include <array>
 
@@ -10,13 +10,13 @@ constexpr std::array kFirst{"Main",  "TableView", "TableCell", "HeaderFooter",
 
 }  // namespace
 
-Interface::Interface() {
+QmlRuntime::QmlRuntime() {
   for (const char* type : kFirst) {
     components_.push_back(std::make_unique<QQmlComponent>(
         &engine_, source(QString::fromLatin1(type)), QQmlComponent::Asynchronous));
   }
 }
 
-QUrl Interface::source(const QString& type) {
+QUrl QmlRuntime::source(const QString& type) {
   return {QStringLiteral("qrc:/QuietDial/Settings/%1.qml").arg(type)};
 }
