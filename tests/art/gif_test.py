@@ -16,6 +16,8 @@ POINTS = {"Style": (345, 249.82), "SystemWideStyle": (295, 537.34)}
 NAMES = [f"{kind}-{i}.gif" for kind in RATIOS for i in range(3)]
 # Where the two buttons stand, in pixels from the top left.
 CENTRES = {"Style": ((169, 302), (345, 302), 62), "SystemWideStyle": ((295, 794), (477, 794), 66)}
+# The longest time in hundredths of a second that a frame shows while something moves: 25 frames a second.
+MOVING = 4
 GREY, GREY_PRESSED = (142, 142, 147), (104, 104, 110)
 GREEN, GREEN_PRESSED = (76, 217, 100), (61, 188, 84)
 
@@ -57,16 +59,26 @@ class PreviewTest(unittest.TestCase):
         delays = [f.delay for f in file.frames]
         # Two hundredths and more: nobody clamps such a delay.
         self.assertGreaterEqual(min(delays), 2)
-        self.assertGreaterEqual(sum(d <= 4 for d in delays), 50)
+        moving = [d for d in delays if d <= MOVING]
+        self.assertGreaterEqual(sum(moving), 90)
+        # What is no motion is a pose, held for long enough to be seen as one.
+        self.assertGreaterEqual(min(d for d in delays if d > MOVING), 12)
+        self.assertLessEqual(len(delays) - len(moving), 5)
         pictures = self.pictures(path, file)
 
         def step(i):
             return int(abs(pictures[i + 1].astype(int) - pictures[i]).sum())
         for i, delay in enumerate(delays[:-1]):
-            if delay > 4:
+            self.assertGreater(step(i), 0, f"frame {i} again")
+            if delay > MOVING:
                 # A longer rest is one: the motion after it sets off gently.
                 self.assertLess(step(i), step(i + 1) / 2, f"frame {i} rests {delay / 100} s before a jump")
         self.assertGreaterEqual(delays[-1], 50)
+
+    @for_each_preview
+    def test_players_decode_five_frames_ahead(self, kind, path, file):
+        decoded = file.width * file.height * 4 * len(file.frames)
+        self.assertLessEqual(decoded, 75 * 2**20, f"{decoded / 2**20:.1f} MB decoded")
 
     @for_each_preview
     def test_frames_are_small_and_share_one_palette(self, kind, path, file):

@@ -124,10 +124,9 @@ def chevrons(c, x, y, shown, colour):
 
 
 def hold_ring(c, x, y, radius, progress, track, shown=1.0, width=3.2):
-    """How long a button has been held, as a ring round it."""
+    """How long a button has been held, as a ring round it that begins with a dot."""
     c.fill(ring(x, y, radius + width / 2, radius - width / 2), track, shown)
-    if progress > 0:
-        c.stroke(Path().arc(x, y, radius, -90, -90 + 360 * progress), width, BLUE, shown)
+    c.stroke(Path().arc(x, y, radius, -90, -90 + 360 * progress), width, BLUE, shown)
 
 
 def ripple(c, x, y, start, end, progress, colour=BLUE):
