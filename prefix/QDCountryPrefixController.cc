@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "core/preferenceStore.h"
 #include "platform/foundation/method.h"
@@ -56,7 +57,7 @@ PropertyListValue QDCountryPrefixController::storedOrDefault(std::string_view ke
   if (const auto stored = readPreferenceValue(key)) {
     return *stored;
   }
-  const PropertyListValue value{std::string(otherwise)};
+  PropertyListValue value{std::string(otherwise)};
   setPreferenceValueForKey(value, key);
   return value;
 }
@@ -133,6 +134,22 @@ void QDCountryPrefixController::cellSelected(const std::shared_ptr<PSSpecifier>&
   selectedCountry_ = PropertyListValue(specifier->identifier());
   setPreferenceValueForKey(selectedCountry_, kCountryKey);
   setPreferenceValueForKey(selectedPrefix_, kPrefixKey);
+}
+
+void QDCountryPrefixController::setSelectedSpecifier(std::shared_ptr<PSSpecifier> specifier) {
+  selectedSpecifier_ = std::move(specifier);
+}
+
+void QDCountryPrefixController::setSelectedCountry(PropertyListValue country) {
+  selectedCountry_ = std::move(country);
+}
+
+void QDCountryPrefixController::setSelectedPrefix(PropertyListValue prefix) {
+  selectedPrefix_ = std::move(prefix);
+}
+
+void QDCountryPrefixController::setCustomPrefix(PropertyListValue prefix) {
+  customPrefix_ = std::move(prefix);
 }
 
 std::optional<PropertyListValue> QDCountryPrefixController::readPreferenceValue(

@@ -32,11 +32,19 @@ class QDCountryPrefixController : public PSListController {
   /// Stores the value, even when it is stored already.
   void setPreferenceValueForKey(const PropertyListValue& value, std::string_view key);
 
+  // The properties. Setting one changes it alone: nothing is stored, no row is changed or reloaded.
   /// The row with the check mark, or null.
   const std::shared_ptr<PSSpecifier>& selectedSpecifier() const { return selectedSpecifier_; }
+  void setSelectedSpecifier(std::shared_ptr<PSSpecifier> specifier);
+  /// The identifier of the chosen row.
   const PropertyListValue& selectedCountry() const { return selectedCountry_; }
+  void setSelectedCountry(PropertyListValue country);
+  /// The prefix in force.
   const PropertyListValue& selectedPrefix() const { return selectedPrefix_; }
+  void setSelectedPrefix(PropertyListValue prefix);
+  /// The text last committed in the field.
   const PropertyListValue& customPrefix() const { return customPrefix_; }
+  void setCustomPrefix(PropertyListValue prefix);
 
  private:
   PropertyListValue storedOrDefault(std::string_view key, std::string_view otherwise);

@@ -70,6 +70,7 @@ std::unique_ptr<CGBitmapContext> CGBitmapContext::create(std::size_t width, std:
 void CGBitmapContext::drawImage(const CGRect& rect, const CGImage& image) {
   const std::shared_ptr<const PixelBuffer> source = image.pixels();
   if (!source) {
+    hasFailed_ = true;
     return;
   }
   const CGRect whole =
@@ -81,6 +82,7 @@ void CGBitmapContext::drawImage(const CGRect& rect, const CGImage& image) {
   }
   PixelBuffer* const target = writablePixels();
   if (target == nullptr) {
+    hasFailed_ = true;
     return;
   }
   const std::uint32_t forced =
@@ -99,7 +101,7 @@ void CGBitmapContext::drawImage(const CGRect& rect, const CGImage& image) {
 }
 
 std::shared_ptr<const CGImage> CGBitmapContext::createImage() {
-  if (!shared_ && writablePixels() == nullptr) {
+  if (hasFailed_ || (!shared_ && writablePixels() == nullptr)) {
     return nullptr;
   }
   if (own_) {
@@ -112,7 +114,8 @@ PixelBuffer* CGBitmapContext::writablePixels() {
   if (!own_) {
     own_ = PixelBuffer::create(width_, height_);
     if (own_ && shared_) {
-      std::ranges::copy(shared_->pixels(), own_->pixels().begin());
+      const std::span<const std::uint32_t> drawn = shared_->pixels();
+      std::copy_n(drawn.data(), drawn.size(), own_->pixels().data());
       shared_.reset();
     } else if (own_) {
       const bool hasAlpha = alphaInfo_ == CGImageAlphaInfo::premultipliedFirst;

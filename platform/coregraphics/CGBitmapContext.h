@@ -27,12 +27,13 @@ class PLATFORM_API CGBitmapContext {
                                                  CGImageAlphaInfo alphaInfo);
 
   /// Draws over what is there, scaled to `rect` (y downwards; edges rounded to whole pixels, the
-  /// nearest pixel of the image taken) and cut off at the context's edges. Nothing is drawn if
-  /// there is no memory.
+  /// nearest pixel of the image taken) and cut off at the context's edges. If there is no memory,
+  /// also for the image's own pixels, the context fails: there will be no picture of it any more,
+  /// rather than one that lacks what was to be drawn.
   void drawImage(const CGRect& rect, const CGImage& image);
 
   /// A picture of what has been drawn; later drawing does not change it. Null if there is no
-  /// memory.
+  /// memory, and once drawing has failed.
   std::shared_ptr<const CGImage> createImage();
 
  private:
@@ -46,4 +47,5 @@ class PLATFORM_API CGBitmapContext {
   CGImageAlphaInfo alphaInfo_;
   std::shared_ptr<const PixelBuffer> shared_;  // what is drawn so far; null while empty or own
   std::shared_ptr<PixelBuffer> own_;           // not handed out yet
+  bool hasFailed_ = false;
 };

@@ -1,8 +1,10 @@
 #include "platform/foundation/CFNotificationCenter.h"
 
-#include <utility>
+#include <algorithm>
+#include <map>
 
 #include "platform/foundation/MainQueue.h"
+#include "platform/foundation/PacedDelivery.h"
 #include "platform/services.h"
 
 class CFNotificationCenter {
@@ -12,6 +14,8 @@ class CFNotificationCenter {
     std::string name;
   };
   std::vector<Registration> registrations;
+  // By the names of registrations only: others can post any number of names.
+  std::map<std::string, std::shared_ptr<PacedDelivery>, std::less<>> outsidePosts;
 };
 
 CFNotificationCenter& CFNotificationCenterGetDarwinNotifyCenter() {
@@ -28,10 +32,23 @@ void CFNotificationCenterAddObserver(CFNotificationCenter& center, CFNotificatio
 void CFNotificationCenterPostNotification(CFNotificationCenter& center, std::string_view name,
                                           bool /*deliverImmediately*/) {
   services().notifications->broadcast(NotificationCall::kCFNotificationCenter, std::string(name));
-  CFNotificationCenterDeliver(center, name);
+  CFNotificationCenterDeliverOwn(center, name);
 }
 
 void CFNotificationCenterDeliver(CFNotificationCenter& center, std::string_view name) {
+  if (std::ranges::find(center.registrations, name, &CFNotificationCenter::Registration::name) ==
+      center.registrations.end()) {
+    return;
+  }
+  auto& posts = center.outsidePosts[std::string(name)];
+  if (!posts) {
+    posts = PacedDelivery::withDelivery(
+        [&center, copy = std::string(name)] { CFNotificationCenterDeliverOwn(center, copy); });
+  }
+  posts->post();
+}
+
+void CFNotificationCenterDeliverOwn(CFNotificationCenter& center, std::string_view name) {
   for (const auto& registration : center.registrations) {
     if (registration.name == name) {
       MainQueue::shared().async(registration.callback);

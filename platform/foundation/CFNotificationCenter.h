@@ -7,8 +7,11 @@
 #include "platform/api.h"
 
 /// The system-wide (Darwin) notification centre, as this process sees it. A notification is a bare
-/// name. Posting returns before anything is delivered; each post is one delivery, on the main
-/// queue, to each registration of that name, here and in other processes; posts are never merged.
+/// name. Posting returns before anything is delivered; each post of this process is one delivery,
+/// on the main queue, to each registration of that name here; such posts are never merged. Of what
+/// other processes post by one name, the first is delivered at once, then at most five a second,
+/// the last one surely: whoever posts without end, or answers each delivery, does not hold up the
+/// rest.
 class CFNotificationCenter;
 
 /// An observer; the notification's details are not handed over, since a name is all there is.
@@ -40,3 +43,6 @@ PLATFORM_API void CFNotificationCenterPostNotification(CFNotificationCenter& cen
 
 /// For the notification service: another process has posted. Main thread.
 PLATFORM_API void CFNotificationCenterDeliver(CFNotificationCenter& center, std::string_view name);
+
+/// For the calls that post: this process has posted. Main thread.
+void CFNotificationCenterDeliverOwn(CFNotificationCenter& center, std::string_view name);

@@ -41,9 +41,12 @@ struct GIFFrame {
   bool hasTransparency = false;
   bool isInterlaced = false;
   bool hasOwnColourTable = false;
-  /// False where the data cannot be read at all; such a frame draws nothing and disposes of
-  /// nothing.
+  /// False where the data is needed but cannot be read at all; such a frame draws nothing and
+  /// disposes of nothing.
   bool isDecodable = false;
+
+  /// Of no area: it changes nothing, whatever its data.
+  bool isEmpty() const { return width == 0 || height == 0; }
 
   GIFRect visibleRect(std::size_t canvasWidth, std::size_t canvasHeight) const {
     GIFRect rect{.left = std::min<std::size_t>(left, canvasWidth),

@@ -157,6 +157,9 @@ class Reader {
                           std::size_t{frame.width} * frame.height <= PixelBuffer::maximumPixelCount;
       whole = skipSubBlocks();
     }
+    if (frame.isEmpty()) {
+      frame.isDecodable = true;
+    }
     structure_.frames.push_back(frame);
     return whole;
   }

@@ -25,8 +25,8 @@
 ///   up. One that is not 4 bytes long is passed over.
 /// - Disposal 4, which is reserved, is taken as 3; 5 to 7 as none.
 /// - A frame is undecodable if the file ends before its first byte of data, if its minimum code
-/// size is
-///   not 1 to 8, or if it has more than PixelBuffer::maximumPixelCount pixels.
+///   size is not 1 to 8, or if it has more than PixelBuffer::maximumPixelCount pixels. One of no
+///   area needs no data: it counts, with its delay, and draws nothing.
 /// - Frames are counted up to `maximumCompositedPixelCount` pixels of canvas, which bounds the time
 /// of
 ///   one pass over any file.

@@ -9,7 +9,7 @@ namespace libsystem {
 
 std::uint32_t notify_post(std::string_view name) {
   services().notifications->broadcast(NotificationCall::kNotifyPost, std::string(name));
-  CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
+  CFNotificationCenterDeliverOwn(CFNotificationCenterGetDarwinNotifyCenter(), name);
   return NOTIFY_STATUS_OK;
 }
 

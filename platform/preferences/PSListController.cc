@@ -237,7 +237,9 @@ int PSListController::numberOfSectionsInTableView(UITableView& /*table*/) {
 }
 
 int PSListController::tableViewNumberOfRowsInSection(UITableView& /*table*/, int section) {
-  return sections_[section].rowCount;
+  return section >= 0 && static_cast<std::size_t>(section) < sections_.size()
+             ? sections_[section].rowCount
+             : 0;
 }
 
 std::shared_ptr<UITableViewCell> PSListController::tableViewCellForRowAtIndexPath(
@@ -251,7 +253,10 @@ std::shared_ptr<UITableViewCell> PSListController::tableViewCellForRowAtIndexPat
     return kept->second;
   }
   auto cell = makeCell(specifier);
-  cells_[specifier.get()] = cell;
+  // Setting the cell up may have changed the rows.
+  if (std::ranges::find(specifiers_, specifier) != specifiers_.end()) {
+    cells_[specifier.get()] = cell;
+  }
   return cell;
 }
 
@@ -291,7 +296,10 @@ CGFloat PSListController::tableViewHeightForRowAtIndexPath(UITableView& table,
 }
 
 std::shared_ptr<UIView> PSListController::makeSectionEdge(int section, bool header) const {
-  const auto& group = sections_[section].group;
+  // A copy: setting the header up may change the rows.
+  const auto group = section >= 0 && static_cast<std::size_t>(section) < sections_.size()
+                         ? sections_[section].group
+                         : nullptr;
   if (header && group) {
     const auto* description = group->classForKey("headerCellClass");
     if (description && description->isSubclassOf(UIView::classObject)) {

@@ -56,7 +56,7 @@ class PLATFORM_API PSListController : public UIViewController,
   /// happens for a row that is not in the list.
   void reloadSpecifierAnimated(const std::shared_ptr<PSSpecifier>& specifier, bool animated);
   void reloadSpecifier(const std::shared_ptr<PSSpecifier>& specifier);
-  void reloadSpecifierIDAnimated(std::string_view identifier, bool animated);
+  virtual void reloadSpecifierIDAnimated(std::string_view identifier, bool animated);
 
   /// Puts `replacement` in the place of `current`, which must stand in the list in one run and in
   /// that order; else nothing happens.

@@ -1,5 +1,6 @@
 #include "platform/uikit/UITableView.h"
 
+#include <unordered_set>
 #include <utility>
 
 #include "platform/uikit/metrics.h"
@@ -11,6 +12,9 @@ UITableViewDataSource::~UITableViewDataSource() = default;
 UITableViewDelegate::~UITableViewDelegate() = default;
 
 namespace {
+
+// A table that is reloaded each time it is laid out is left to the next layout after so many.
+constexpr int kMostPasses = 8;
 
 UITableViewCellPosition positionOf(std::size_t row, std::size_t count) {
   if (count == 1) {
@@ -107,51 +111,88 @@ void UITableView::tapRow(NSIndexPath indexPath) {
 
 void UITableView::layoutSubviews() {
   UIView::layoutSubviews();
-  if (!dataSource_ || !delegate_) {
+  if (!dataSource_ || !delegate_ || std::exchange(layingOut_, true)) {
     return;
   }
   const CGFloat width = bounds().size.width;
   if (width != wrapperView_->frame().size.width) {
-    allStale_ = true;
+    heightsStale_ = true;
   }
   wrapperView_->setFrame(CGRectMake(0, 0, width, wrapperView_->frame().size.height));
-  if (std::exchange(allStale_, false)) {
-    countRows();
+  for (int pass = 0; pass < kMostPasses && !layOutRows() && dataSource_; ++pass) {
   }
-  refreshStaleRows();
-  placeEverything();
+  removeFormerViews();
+  layingOut_ = false;
 }
 
-void UITableView::countRows() {
-  std::vector<Section> former = std::move(sections_);
-  sections_.clear();
+bool UITableView::layOutRows() {
+  return (!std::exchange(allStale_, false) || countRows()) && refreshStaleRows() &&
+         placeEverything();
+}
+
+bool UITableView::countRows() {
+  std::vector<Section> sections;
   const int count = dataSource_->numberOfSectionsInTableView(*this);
-  for (int index = 0; index < count; ++index) {
+  for (int index = 0; index < count && !isInterrupted(); ++index) {
     Section section;
     section.rows.resize(dataSource_->tableViewNumberOfRowsInSection(*this, index));
-    section.header = delegate_->tableViewViewForHeaderInSection(*this, index);
-    section.footer = delegate_->tableViewViewForFooterInSection(*this, index);
-    sections_.push_back(std::move(section));
+    if (!isInterrupted()) {
+      section.header = delegate_->tableViewViewForHeaderInSection(*this, index);
+    }
+    if (!isInterrupted()) {
+      section.footer = delegate_->tableViewViewForFooterInSection(*this, index);
+    }
+    sections.push_back(std::move(section));
   }
-  for (const auto& section : former) {
-    section.header->removeFromSuperview();
-    section.footer->removeFromSuperview();
+  if (isInterrupted()) {
+    return false;
+  }
+  sections_.swap(sections);
+  forEachView(sections, [this](const auto& view) { former_.push_back(view); });
+  for (const auto& section : sections_) {
+    stand(section.header);
+    stand(section.footer);
+  }
+  return !isInterrupted();
+}
+
+template <class Action>
+void UITableView::forEachView(const std::vector<Section>& sections, Action&& action) {
+  for (const auto& section : sections) {
+    action(section.header);
+    action(section.footer);
     for (const auto& row : section.rows) {
       if (row.cell) {
-        row.cell->removeFromSuperview();
+        action(row.cell);
       }
     }
   }
-  for (const auto& section : sections_) {
-    wrapperView_->addSubview(section.header);
-    wrapperView_->addSubview(section.footer);
+}
+
+void UITableView::stand(const std::shared_ptr<UIView>& view) {
+  if (view->superview() != wrapperView_) {
+    wrapperView_->addSubview(view);
   }
 }
 
-void UITableView::refreshStaleRows() {
+void UITableView::removeFormerViews() {
+  const auto former = std::exchange(former_, {});
+  if (former.empty()) {
+    return;
+  }
+  std::unordered_set<std::shared_ptr<UIView>> standing;
+  forEachView(sections_, [&](const auto& view) { standing.insert(view); });
+  for (const auto& view : former) {
+    if (!standing.contains(view)) {
+      view->removeFromSuperview();
+    }
+  }
+}
+
+bool UITableView::refreshStaleRows() {
   const auto forEachRow = [this](auto&& action) {
     for (std::size_t section = 0; section < sections_.size(); ++section) {
-      for (std::size_t row = 0; row < sections_[section].rows.size(); ++row) {
+      for (std::size_t row = 0; row < sections_[section].rows.size() && !isInterrupted(); ++row) {
         action(sections_[section].rows[row],
                NSIndexPath{static_cast<int>(section), static_cast<int>(row)});
       }
@@ -164,11 +205,14 @@ void UITableView::refreshStaleRows() {
     }
   });
   forEachRow([this](Row& row, NSIndexPath indexPath) {
-    if (row.stale) {
-      adopt(row, dataSource_->tableViewCellForRowAtIndexPath(*this, indexPath));
-      row.stale = false;
+    if (std::exchange(row.stale, false)) {
+      const auto cell = dataSource_->tableViewCellForRowAtIndexPath(*this, indexPath);
+      if (!isInterrupted()) {
+        adopt(row, cell);
+      }
     }
   });
+  return !isInterrupted();
 }
 
 void UITableView::adopt(Row& row, const std::shared_ptr<UITableViewCell>& cell) {
@@ -176,12 +220,10 @@ void UITableView::adopt(Row& row, const std::shared_ptr<UITableViewCell>& cell) 
     row.cell->removeFromSuperview();
   }
   row.cell = cell;
-  if (cell->superview() != wrapperView_) {
-    wrapperView_->addSubview(cell);
-  }
+  stand(cell);
 }
 
-void UITableView::placeEverything() {
+bool UITableView::placeEverything() {
   const CGFloat width = wrapperView_->frame().size.width;
   CGFloat y = 0;
   const auto place = [&](UIView& view, CGFloat height) {
@@ -193,8 +235,14 @@ void UITableView::placeEverything() {
     const int number = static_cast<int>(index);
     section.headerHeight =
         delegate_->tableViewHeightForHeaderInSection(*this, number, *section.header);
+    if (isInterrupted()) {
+      return false;
+    }
     section.footerHeight =
         delegate_->tableViewHeightForFooterInSection(*this, number, *section.footer);
+    if (isInterrupted()) {
+      return false;
+    }
     place(*section.header, section.headerHeight);
     for (std::size_t row = 0; row < section.rows.size(); ++row) {
       section.rows[row].cell->setPosition(positionOf(row, section.rows.size()));
@@ -203,4 +251,5 @@ void UITableView::placeEverything() {
     place(*section.footer, section.footerHeight);
   }
   wrapperView_->setFrame(CGRectMake(0, 0, width, y));
+  return true;
 }

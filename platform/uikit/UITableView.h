@@ -38,7 +38,9 @@ class PLATFORM_API UITableViewDelegate {
 };
 
 /// A grouped list. It lays out all its rows itself: for every row in order the height is asked,
-/// then for every row in order the cell. Rows are never recycled. Main thread.
+/// then for every row in order the cell; another width asks for the heights alone. Rows are never
+/// recycled, and a view that the table is given again stays where it is. Whoever is asked may
+/// reload the table: what is under way is then dropped, and everything asked anew. Main thread.
 class PLATFORM_API UITableView : public UIView {
  public:
   static const ClassDescription classObject;
@@ -91,15 +93,27 @@ class PLATFORM_API UITableView : public UIView {
   };
 
   const Row* rowAt(NSIndexPath indexPath) const;
-  void countRows();
-  void refreshStaleRows();
+  /// Whether what is being laid out is out of date: the table was reloaded, or its owner has gone.
+  bool isInterrupted() const { return allStale_ || !dataSource_ || !delegate_; }
+  template <class Action>
+  static void forEachView(const std::vector<Section>& sections, Action&& action);
+  void stand(const std::shared_ptr<UIView>& view);
   void adopt(Row& row, const std::shared_ptr<UITableViewCell>& cell);
-  void placeEverything();
+  void removeFormerViews();
+  // False once interrupted.
+  bool layOutRows();
+  bool countRows();
+  bool refreshStaleRows();
+  bool placeEverything();
 
   UITableViewDataSource* dataSource_ = nullptr;
   UITableViewDelegate* delegate_ = nullptr;
   std::shared_ptr<UIView> wrapperView_;
   std::vector<Section> sections_;
+  // What stood in the table when its rows were counted again. A view that is given again never
+  // leaves: it would start anew what it had ended.
+  std::vector<std::shared_ptr<UIView>> former_;
   bool allStale_ = true;
   bool heightsStale_ = false;
+  bool layingOut_ = false;
 };

@@ -25,6 +25,7 @@ UIView::~UIView() {
     // Whoever else keeps it has it without a superview now.
     view->superview_.reset();
     view->didMoveToSuperview();
+    view->tellOfWindow();
   }
   if (auto* observer = currentObserver()) {
     observer->viewDestroyed(*this);
@@ -56,15 +57,12 @@ void UIView::setFrame(CGRect frame) {
 }
 
 void UIView::addSubview(const std::shared_ptr<UIView>& view) {
-  const auto before = view->window();
   view->leaveSuperview();
   view->superview_ = cast<UIView>(shared_from_this());
   subviews_.push_back(view);
   setNeedsLayout();
   view->didMoveToSuperview();
-  if (view->window() != before) {
-    view->tellOfWindow();
-  }
+  view->tellOfWindow();
 }
 
 void UIView::removeFromSuperview() {
@@ -72,12 +70,9 @@ void UIView::removeFromSuperview() {
     return;
   }
   const auto keptAlive = shared_from_this();
-  const auto before = window();
   leaveSuperview();
   didMoveToSuperview();
-  if (window() != before) {
-    tellOfWindow();
-  }
+  tellOfWindow();
 }
 
 void UIView::leaveSuperview() {
@@ -101,6 +96,12 @@ void UIView::didMoveToSuperview() {}
 void UIView::didMoveToWindow() {}
 
 void UIView::tellOfWindow() {
+  const std::weak_ptr<UIWindow> now = window();
+  // By owner: a window that is gone is another one than none.
+  if (!now.owner_before(toldWindow_) && !toldWindow_.owner_before(now)) {
+    return;
+  }
+  toldWindow_ = now;
   didMoveToWindow();
   // A copy: whoever is told may change the list.
   const auto children = subviews_;

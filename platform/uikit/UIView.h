@@ -115,12 +115,15 @@ class PLATFORM_API UIView : public NSObject, public CALayerDelegate {
 
  private:
   void leaveSuperview();
+  /// Tells this view, and everything below it, of the window that it now stands in, unless it
+  /// knows.
   void tellOfWindow();
 
   CGRect frame_;
   std::unique_ptr<CALayer> layer_;
   std::vector<std::shared_ptr<UIView>> subviews_;
   std::weak_ptr<UIView> superview_;
+  std::weak_ptr<UIWindow> toldWindow_;
   std::optional<UIColor> backgroundColor_;
   std::optional<UIColor> tintColor_;
   std::vector<std::shared_ptr<UITapGestureRecognizer>> gestureRecognizers_;

@@ -1,5 +1,6 @@
 #include "platform/uikit/UIWebView.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/services.h"
@@ -47,6 +48,7 @@ void UIWebView::failLoad(int loadNumber) {
 }
 
 void UIWebView::setContentSize(int loadNumber, CGSize contentSize) {
+  contentSize.height = std::min(contentSize.height, kGreatestContentHeight);
   if (loadNumber != loadNumber_ || contentSize == scrollView_->contentSize()) {
     return;
   }

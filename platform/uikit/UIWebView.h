@@ -26,11 +26,15 @@ class PLATFORM_API UIWebView : public UIView {
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
 
+  /// The content of a longer page ends here, in points: what is as high as its page takes memory in
+  /// proportion, and the page comes from elsewhere.
+  static constexpr CGFloat kGreatestContentHeight = 20'000;
+
   bool initWithFrame(CGRect frame) override;
 
   /// Held weakly.
   void setDelegate(const std::shared_ptr<UIWebViewDelegate>& delegate) { delegate_ = delegate; }
-  /// Its content size is that of the whole page.
+  /// Its content size is that of the page, as far as it is shown.
   const std::shared_ptr<UIScrollView>& scrollView() const { return scrollView_; }
 
   /// Starts loading; a load that is under way is given up.
@@ -42,7 +46,7 @@ class PLATFORM_API UIWebView : public UIView {
   /// For the host: the number of the last load, counted from 1. What is told of an earlier load, or
   /// of one that has ended, changes nothing.
   int loadNumber() const { return loadNumber_; }
-  /// For the host: the page is there, and this is its size at the view's width.
+  /// For the host: the page is there, and this is its whole size at the view's width.
   void finishLoad(int loadNumber, CGSize contentSize);
   /// For the host: the page will not come.
   void failLoad(int loadNumber);

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <cstdlib>
+#include <limits>
 #include <malloc.h>
 #include <new>
 
@@ -10,8 +11,12 @@ namespace {
 std::atomic<std::ptrdiff_t> current{0};
 std::atomic<std::ptrdiff_t> highest{0};
 std::atomic<std::size_t> sum{0};
+std::atomic<std::size_t> greatest{std::numeric_limits<std::size_t>::max()};
 
 void* takeOrNull(std::size_t size) noexcept {
+  if (size > greatest) {
+    return nullptr;
+  }
   void* block = std::malloc(size == 0 ? 1 : size);
   if (!block) {
     return nullptr;
@@ -54,6 +59,14 @@ std::size_t allocationmeter::peak() {
 
 std::size_t allocationmeter::total() {
   return sum.load();
+}
+
+allocationmeter::Limit::Limit(std::size_t bytes) {
+  greatest = bytes;
+}
+
+allocationmeter::Limit::~Limit() {
+  greatest = std::numeric_limits<std::size_t>::max();
 }
 
 void* operator new(std::size_t size) {

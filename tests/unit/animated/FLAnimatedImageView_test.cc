@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "platform/foundation/NSProcessInfo.h"
-#include "platform/foundation/method.h"
+#include "tests/support/StopCounter.h"
 #include "tests/unit/animated/AnimatedTest.h"
 
 namespace {
@@ -12,21 +12,6 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 constexpr double kSixtieth = 1.0 / 60;
-
-class StopCounter : public NSObject {
- public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
-
-  void didStopAnimation() { ++stops; }
-
-  int stops = 0;
-};
-
-constexpr std::array kStopCounterMethods{
-    method<&StopCounter::didStopAnimation>("didStopAnimation")};
-constexpr ClassDescription StopCounter::classObject{"StopCounter", &NSObject::classObject,
-                                                    &allocObject<StopCounter>, kStopCounterMethods};
 
 class Processors : public NSProcessInfo {
  public:

@@ -1,6 +1,9 @@
 #include "animated/FLAnimatedImage.h"
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
+#include <utility>
 
 #include "platform/foundation/MainQueue.h"
 #include "platform/foundation/NSNull.h"
@@ -14,7 +17,39 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::StartsWith;
 
-class FLAnimatedImageTest : public AnimatedTest {};
+class FLAnimatedImageTest : public AnimatedTest {
+ protected:
+  /// The frames that asking for that one has produced, in the order in which they came.
+  static std::vector<NSUInteger> producedByAskingFor(NSUInteger index, FLAnimatedImage& image) {
+    std::vector<NSUInteger> order;
+    NSIndexSet before = image.cachedFrameIndexes();
+    const auto look = [&] {
+      NSIndexSet fresh = image.cachedFrameIndexes();
+      fresh.removeIndexes(std::exchange(before, image.cachedFrameIndexes()));
+      std::ranges::copy(fresh.indexes(), std::back_inserter(order));
+    };
+    // The queue wakes the main thread for each frame that it sends, before it begins the next one.
+    std::atomic<bool> woken = false;
+    MainQueue::shared().setWakeHook([&] {
+      if (!woken.exchange(true)) {
+        MainQueue::shared().async(look);
+        woken = false;
+      }
+    });
+    image.imageLazilyCachedAtIndex(index);
+    drainAllQueues();
+    MainQueue::shared().setWakeHook({});
+    return order;
+  }
+};
+
+/// No pixels until there are some.
+class LatePixels : public PixelProvider {
+ public:
+  std::shared_ptr<const PixelBuffer> later;
+
+  std::shared_ptr<const PixelBuffer> makePixels() override { return later; }
+};
 
 TEST_F(FLAnimatedImageTest, NoDataIsNoImage) {
   EXPECT_EQ(FLAnimatedImage::animatedImageWithGIFData(nullptr), nullptr);
@@ -176,6 +211,15 @@ TEST_F(FLAnimatedImageTest, AFrameThatIsNotThereYetComesFromTheBackground) {
   EXPECT_EQ(firstPixel(*image->imageLazilyCachedAtIndex(2)), 0xFF0000FF);
 }
 
+TEST_F(FLAnimatedImageTest, FramesAreProducedFromTheRequestedOneOnAndThenFromTheFirst) {
+  EXPECT_THAT(producedByAskingFor(3, *make(frames(6))), ElementsAre(3, 4, 5, 1, 2));
+  const auto image = make(twelveFramesOfWhichFiveAreKept());
+  EXPECT_THAT(producedByAskingFor(4, *image), ElementsAre(4, 5, 6, 7, 8));
+  EXPECT_THAT(producedByAskingFor(10, *image), ElementsAre(10, 11, 1, 2));
+  // Only what is missing.
+  EXPECT_THAT(producedByAskingFor(11, *image), ElementsAre(3));
+}
+
 TEST_F(FLAnimatedImageTest, FramesOnTheirWayAreNotAskedForAgain) {
   const auto image = make(twelveFramesOfWhichFiveAreKept());
   image->imageLazilyCachedAtIndex(1);
@@ -235,6 +279,17 @@ TEST_F(FLAnimatedImageTest, APictureThatCannotBeDrawnIsUsedAsItIs) {
   // The pixels of a picture from a file are the host's.
   const auto file = allocInit<UIImage>();
   EXPECT_EQ(FLAnimatedImage::predrawnImageFromImage(file), file);
+}
+
+TEST_F(FLAnimatedImageTest, AFrameWithoutMemoryForItIsDecodedWhenThereIsSome) {
+  const auto pixels = std::make_shared<LatePixels>();
+  const auto frame = UIImage::imageWithCGImage(CGImage::create(2, 1, pixels));
+  const auto drawn = FLAnimatedImage::predrawnImageFromImage(frame);
+  EXPECT_EQ(drawn, frame);
+  EXPECT_EQ(drawn->CGImage()->pixels(), nullptr);
+  pixels->later = make(frames(1, 2, 1))->posterImage()->CGImage()->pixels();
+  EXPECT_EQ(drawn->CGImage()->pixels(), pixels->later);
+  EXPECT_EQ(firstPixel(*drawn), 0xFFFF0000);
 }
 
 TEST_F(FLAnimatedImageTest, AMemoryWarningLeavesTheRequestedFrameAndThePoster) {

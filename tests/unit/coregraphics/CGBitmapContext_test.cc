@@ -27,9 +27,14 @@ std::unique_ptr<CGBitmapContext> context(
                                  alphaInfo);
 }
 
+/// Has memory for one red pixel once it has been asked in vain that often.
 class NoMemory : public PixelProvider {
  public:
-  std::shared_ptr<const PixelBuffer> makePixels() override { return nullptr; }
+  int refusals = std::numeric_limits<int>::max();
+
+  std::shared_ptr<const PixelBuffer> makePixels() override {
+    return --refusals >= 0 ? nullptr : image(1, {red})->pixels();
+  }
 };
 
 TEST(CGBitmapContext, OnlyThePlatformsLayoutIsMade) {
@@ -100,12 +105,36 @@ TEST(CGBitmapContext, ARectangleWithoutExtentOrNumberDrawsNothing) {
   EXPECT_THAT(target->createImage()->pixels()->pixels(), Each(0));
 }
 
-TEST(CGBitmapContext, APictureWithoutPixelsDrawsNothing) {
-  const auto target = context(2, 1);
+TEST(CGBitmapContext, APictureWithoutPixelsIsNotDrawnAsAnEmptyOne) {
   const auto none = CGImage::create(2, 1, std::make_shared<NoMemory>());
   EXPECT_EQ(none->pixels(), nullptr);
+  const auto target = context(2, 1);
   target->drawImage(CGRectMake(0, 0, 2, 1), *none);
-  EXPECT_THAT(target->createImage()->pixels()->pixels(), Each(0));
+  EXPECT_EQ(target->createImage(), nullptr);
+  // What is drawn later does not make up for it.
+  target->drawImage(CGRectMake(0, 0, 1, 1), *image(1, {red}));
+  EXPECT_EQ(target->createImage(), nullptr);
+}
+
+TEST(CGBitmapContext, APictureMadeBeforeOneWithoutPixelsStays) {
+  const auto none = CGImage::create(2, 1, std::make_shared<NoMemory>());
+  const auto target = context(2, 1);
+  target->drawImage(CGRectMake(0, 0, 2, 1), *image(2, {red, green}));
+  const auto before = target->createImage();
+  target->drawImage(CGRectMake(0, 0, 2, 1), *none);
+  EXPECT_EQ(target->createImage(), nullptr);
+  EXPECT_THAT(before->pixels()->pixels(), ElementsAre(red, green));
+}
+
+TEST(CGImage, PixelsForWhichThereWasNoMemoryAreMadeLater) {
+  const auto provider = std::make_shared<NoMemory>();
+  provider->refusals = 2;
+  const auto picture = CGImage::create(1, 1, provider);
+  EXPECT_EQ(picture->pixels(), nullptr);
+  EXPECT_EQ(picture->pixels(), nullptr);
+  const auto made = picture->pixels();
+  ASSERT_NE(made, nullptr);
+  EXPECT_EQ(picture->pixels(), made);
 }
 
 TEST(CGImage, ThereIsNoneWithoutPixels) {

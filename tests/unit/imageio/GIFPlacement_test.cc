@@ -81,6 +81,44 @@ TEST(GIFPlacement, AFrameOfZeroWidthOrHeightDrawsNothingAndKeepsItsDelay) {
   }
 }
 
+TEST(GIFPlacement, AFrameOfNoAreaNeedsNoDataAndKeepsItsDelay) {
+  for (const auto& [width, height] : {std::pair{0U, 1U}, {1U, 0U}, {0U, 0U}}) {
+    // No minimum code size that there is, and data for more than there is room for.
+    for (const std::uint8_t codeSize : {0, 9, 12, 255}) {
+      GIFBuilder gif = screen(2, 1);
+      gif.control({.delay = 4});
+      draw(gif, 0, 0, "RB");
+      gif.control({.disposal = 2, .delay = 5}).descriptor({.width = width, .height = height});
+      gif.bytes({codeSize}).subBlocks(GIFBuilder::Bytes{0x44, 1, 0xFF});
+      gif.control({.delay = 6});
+      draw(gif, 1, 0, "G");
+      EXPECT_EQ(frames(gif.trailer()), (Texts{"RB", "RB", "RG"})) << int{codeSize};
+      EXPECT_EQ(pictures::delays(gif), (std::vector<double>{0.04, 0.05, 0.06}));
+    }
+  }
+}
+
+TEST(GIFPlacement, AFrameOfNoAreaWhoseDataIsMissingIsTheLast) {
+  const GIFBuilder::Image nothing{.width = 0, .height = 0, .colours = pictures::colours};
+  GIFBuilder gif = screen(1, 1);
+  draw(gif, 0, 0, "R");
+  gif.control({.delay = 5}).descriptor({.width = 0, .height = 3});
+  EXPECT_EQ(frames(gif), (Texts{"R", "R"}));
+  EXPECT_EQ(pictures::delays(gif), (std::vector<double>{-1, 0.05}));
+  gif.bytes({0, 0}).descriptor(nothing);
+  for (std::size_t cut = 0; cut <= pictures::colours.size(); ++cut) {
+    EXPECT_EQ(frames(gif), (Texts{"R", "R", "R"})) << cut;
+    gif.cutTo(gif.size() - 1);
+  }
+}
+
+TEST(GIFPlacement, AFirstFrameOfNoAreaWithoutDataIsAnEmptyCanvas) {
+  GIFBuilder gif = screen(2, 1);
+  gif.descriptor({.width = 0, .height = 1}).bytes({0, 0});
+  draw(gif, 0, 0, "R");
+  EXPECT_EQ(frames(gif.trailer()), (Texts{"..", "R."}));
+}
+
 TEST(GIFPlacement, AFrameOfZeroSizeBetweenOthersShowsTheOneBefore) {
   GIFBuilder gif = screen(2, 1);
   draw(gif, 0, 0, "RR");

@@ -1,6 +1,7 @@
 #include "platform/preferences/PSListController.h"
 
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "platform/foundation/method.h"
@@ -67,6 +68,46 @@ class UnmakeableCell : public PSTableCell {
 constexpr ClassDescription UnmakeableCell::classObject{
     "UnmakeableCell", &PSTableCell::classObject, &allocObject<UnmakeableCell>, {}};
 
+// What the next cell or header that is set up does to its pane.
+std::function<void()>& change() {
+  static std::function<void()> next;
+  return next;
+}
+
+void changeOnce() {
+  if (const auto next = std::exchange(change(), nullptr)) {
+    next();
+  }
+}
+
+// A cell and a header that may change the rows while they are set up.
+class ChangingCell : public PSTableCell {
+ public:
+  static const ClassDescription classObject;
+  bool initWithStyleReuseIdentifierSpecifier(
+      UITableViewCellStyle style, std::string reuseIdentifier,
+      const std::shared_ptr<PSSpecifier>& specifier) override {
+    changeOnce();
+    return PSTableCell::initWithStyleReuseIdentifierSpecifier(style, std::move(reuseIdentifier),
+                                                              specifier);
+  }
+};
+
+constexpr ClassDescription ChangingCell::classObject{
+    "ChangingCell", &PSTableCell::classObject, &allocObject<ChangingCell>, {}};
+
+class ChangingHeader : public UIView {
+ public:
+  static const ClassDescription classObject;
+  bool init() override {
+    changeOnce();
+    return UIView::init();
+  }
+};
+
+constexpr ClassDescription ChangingHeader::classObject{
+    "ChangingHeader", &UIView::classObject, &allocObject<ChangingHeader>, {}};
+
 class ListControllerTest : public PaneTest {
  protected:
   static std::vector<std::string> names(PSListController& pane) {
@@ -108,6 +149,63 @@ TEST_F(ListControllerTest, ARowKeepsItsCellUntilItIsReloaded) {
   pane->reloadSpecifierIDAnimated("b", false);
   layOut();
   EXPECT_NE(cellAt(*pane, 2), cell);
+}
+
+TEST_F(ListControllerTest, RowsMayChangeWhileTheirCellsAndHeadersAreSetUp) {
+  const auto changing = row("changing");
+  changing->setPropertyForKey(&ChangingCell::classObject, "cellClass");
+  const auto group = PSSpecifier::groupSpecifierWithName("group");
+  group->setPropertyForKey(&ChangingHeader::classObject, "headerCellClass");
+  const PSSpecifiers before{
+      row("a"), PSSpecifier::groupSpecifierWithName("g"), changing, row("b"), group, row("c")};
+  const auto pane = open<Pane>();
+  for (const auto category : {UIContentSizeCategory::kLarge, UIContentSizeCategory::kExtraLarge}) {
+    UIApplication::sharedApplication().setPreferredContentSizeCategory(category);
+    for (const auto& after :
+         {PSSpecifiers{}, PSSpecifiers{row("z")}, PSSpecifiers{changing, row("y"), row("z")}}) {
+      for (const auto& trigger : {changing, group}) {
+        pane->setSpecifiers({});
+        layOut();
+        pane->setSpecifiers(trigger == group ? PSSpecifiers{group, row("a")} : before);
+        change() = [&] { pane->setSpecifiers(after); };
+        layOut();
+        EXPECT_FALSE(change());
+        std::vector<std::string> expected;
+        for (const auto& specifier : after) {
+          expected.push_back(specifier->name());
+        }
+        std::vector<std::string> shown;
+        for (const auto& view : pane->table()->wrapperView()->subviews()) {
+          if (const auto cell = cast<UITableViewCell>(view)) {
+            shown.push_back(cell->textLabel()->text());
+          }
+        }
+        EXPECT_EQ(shown, expected);
+      }
+    }
+  }
+}
+
+TEST_F(ListControllerTest, ACellWhoseSetUpTakesItsRowAwayIsNotKeptForAnother) {
+  const auto pane = open<Pane>();
+  const auto changing = row("changing");
+  changing->setPropertyForKey(&ChangingCell::classObject, "cellClass");
+  pane->setSpecifiers({changing});
+  std::weak_ptr<UITableViewCell> made;
+  change() = [&] { pane->setSpecifiers({}); };
+  made = pane->tableViewCellForRowAtIndexPath(*pane->table(), {0, 0});
+  EXPECT_TRUE(made.expired());
+}
+
+TEST_F(ListControllerTest, ASectionThatIsNotThereHasNoRowsAndBareEdges) {
+  const auto pane = open<Pane>();
+  auto& table = *pane->table();
+  for (const int section : {-1, 3, 1000}) {
+    EXPECT_EQ(pane->tableViewNumberOfRowsInSection(table, section), 0);
+    EXPECT_TRUE(pane->tableViewViewForHeaderInSection(table, section));
+    EXPECT_TRUE(pane->tableViewViewForFooterInSection(table, section));
+    EXPECT_EQ(pane->tableViewCellForRowAtIndexPath(table, {section, 0}), nullptr);
+  }
 }
 
 TEST_F(ListControllerTest, ReloadingWhatIsNotThereDoesNothing) {

@@ -356,6 +356,53 @@ TEST_F(PrefixPaneTest, ThePropertiesChangeEvenWhenTheFileCannotBeWritten) {
   EXPECT_EQ(stored("selectedPrefix"), Value("#31#"));
 }
 
+TEST_F(PrefixPaneTest, SettingAPropertyChangesItAlone) {
+  const auto pane = openPane();
+  const auto canada = pane->specifierForID("Canada");
+  take();
+  pane->setSelectedSpecifier(canada);
+  pane->setSelectedCountry("Canada");
+  pane->setSelectedPrefix("*67");
+  pane->setCustomPrefix("*99");
+  EXPECT_EQ(pane->selectedSpecifier(), canada);
+  EXPECT_EQ(pane->selectedCountry(), Value("Canada"));
+  EXPECT_EQ(pane->selectedPrefix(), Value("*67"));
+  EXPECT_EQ(pane->customPrefix(), Value("*99"));
+  EXPECT_THAT(take(), IsEmpty());
+  layOut();
+  EXPECT_THAT(checkedRows(*pane), ElementsAre("Most other counties"));
+}
+
+TEST_F(PrefixPaneTest, ATapTakesTheMarkFromTheSpecifierThatWasSet) {
+  const auto pane = openPane();
+  const auto canada = pane->specifierForID("Canada");
+  canada->setPropertyForKey(Value(1), "checked");
+  pane->reloadSpecifier(canada);
+  pane->setSelectedSpecifier(canada);
+  tap(pane, "US");
+  EXPECT_THAT(checkedRows(*pane), ElementsAre("US", "Most other counties"));
+  pane->setSelectedSpecifier(nullptr);
+  tap(pane, "Canada");
+  EXPECT_THAT(checkedRows(*pane), ElementsAre("Canada", "US", "Most other counties"));
+}
+
+TEST_F(PrefixPaneTest, TheCountryThatWasSetDecidesWhetherTypingIsInForce) {
+  const auto pane = openPane();
+  pane->setSelectedCountry(kCustom);
+  type(*pane, kField, "*31#");
+  EXPECT_EQ(stored("selectedPrefix"), Value("*31#"));
+  EXPECT_EQ(stored("selectedCountry"), Value("Most other counties"));
+}
+
+TEST_F(PrefixPaneTest, TheCustomPrefixThatWasSetIsWhatTheCustomRowPutsInForce) {
+  const auto pane = openPane();
+  pane->setCustomPrefix("*99");
+  EXPECT_EQ(pane->specifierAtIndex(kField)->value(), Value("*99"));
+  tap(pane, kCustom);
+  EXPECT_EQ(stored("selectedPrefix"), Value("*99"));
+  EXPECT_EQ(pane->selectedPrefix(), Value("*99"));
+}
+
 TEST_F(PrefixPaneTest, EveryRowHasTheListsHeight) {
   const auto pane = openPane();
   for (int index = 1; index < 35; ++index) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <map>
+#include <utility>
 
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/metrics.h"
@@ -212,6 +213,29 @@ TEST_F(RootPaneTest, TheSummaryRowsGetNewCellsEachTimeThePaneAppears) {
   }
   EXPECT_THAT(renewed, ElementsAre("Hide Caller ID Prefix", "Dial Tab Style",
                                    "Systemwide Call Style", "Button Style"));
+}
+
+// Records what it is asked to reload by identifier.
+class ReloadedPane : public QDPreferencesListController {
+ public:
+  void reloadSpecifierIDAnimated(std::string_view identifier, bool animated) override {
+    QDPreferencesListController::reloadSpecifierIDAnimated(identifier, animated);
+    reloads.emplace_back(identifier, animated);
+  }
+  std::vector<std::pair<std::string, bool>> reloads;
+};
+
+TEST_F(RootPaneTest, TheSummaryRowsAreReloadedInTheirOrderAndNotAnimatedEachTimeThePaneAppears) {
+  const auto pane = open<ReloadedPane>();
+  const std::vector<std::pair<std::string, bool>> expected{{"Hide Caller ID Prefix", false},
+                                                           {"Dial Tab Style", false},
+                                                           {"Systemwide Call Style", false},
+                                                           {"Button Style", false}};
+  EXPECT_EQ(std::exchange(pane->reloads, {}), expected);
+  open<QDCountryPrefixController>();
+  EXPECT_THAT(pane->reloads, IsEmpty());
+  inner->popViewControllerAnimated(false);
+  EXPECT_EQ(pane->reloads, expected);
 }
 
 TEST_F(RootPaneTest, TheTitleIsTheLogoAsATemplate) {

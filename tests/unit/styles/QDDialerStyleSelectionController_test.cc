@@ -6,6 +6,7 @@
 #include "platform/makers/TBPSEmptyHeaderView.h"
 #include "platform/uikit/UIAccessibility.h"
 #include "styles/QDDialerTabStyleCell.h"
+#include "tests/support/StopCounter.h"
 #include "tests/unit/styles/StylePaneTest.h"
 
 namespace {
@@ -24,6 +25,17 @@ constexpr const char* kHoldInfo =
 constexpr const char* kAlwaysInfo =
     "Both buttons will always be shown.\n\n\nThe selection above will be automatically be set as "
     "your theme.";
+
+// Counts the changes of views that the host is told of.
+class ChangeCounter : public UIViewObserver {
+ public:
+  ChangeCounter() { UIView::setObserver(this); }
+  ~ChangeCounter() override { UIView::setObserver(nullptr); }
+  void viewChanged(UIView& /*view*/) override { ++changes; }
+  void viewDestroyed(const UIView& /*view*/) override {}
+
+  int changes = 0;
+};
 
 class DialTabPaneTest : public StylePaneTest {
  protected:
@@ -301,6 +313,50 @@ TEST_F(DialTabPaneTest, TheRowFollowsTheWidthOfTheTable) {
   layOut();
   EXPECT_EQ(styleCell(*pane)->frame().size.height, 425.81897F);
   EXPECT_EQ(styleCell(*pane)->animatedImageView(), preview) << "the same cell, laid out again";
+}
+
+TEST_F(DialTabPaneTest, AnotherWidthNeverStopsThePreview) {
+  const auto pane = openPane();
+  const auto delegate = allocInit<StopCounter>();
+  const auto preview = styleCell(*pane)->animatedImageView();
+  preview->setOvervationDelegate(delegate);
+  for (width = 280; width < 420; width += 35) {
+    layOut();
+    pane->table()->reloadData();
+    layOut();
+  }
+  EXPECT_EQ(delegate->stops, 0);
+  EXPECT_TRUE(preview->isAnimating());
+}
+
+TEST_F(DialTabPaneTest, AnotherWidthLeavesAFinishedPreviewAtRest) {
+  const auto pane = openPane();
+  const auto preview = styleCell(*pane)->animatedImageView();
+  playToItsEnd(*preview);
+  width = 375;
+  layOut();
+  EXPECT_FALSE(preview->isAnimating());
+  EXPECT_FALSE(displayRefresh->isWanted());
+}
+
+TEST_F(DialTabPaneTest, AFinishedPreviewThatIsSeenAgainDrawsNothing) {
+  const auto pane = openPane();
+  const auto preview = styleCell(*pane)->animatedImageView();
+  playToItsEnd(*preview);
+  inner->pushViewControllerAnimated(allocInit<UIViewController>(), false);
+  EXPECT_FALSE(displayRefresh->isWanted());
+  inner->popViewControllerAnimated(false);
+  layOut();
+  EXPECT_TRUE(preview->isAnimating());
+  preview->layer().displayIfNeeded();
+  const auto contents = preview->layer().contents();
+  const ChangeCounter counter;
+  for (int i = 0; i < 30; ++i) {
+    drainAllQueues();
+    displayRefresh->refresh(1.0 / 60);
+  }
+  EXPECT_EQ(counter.changes, 0);
+  EXPECT_EQ(preview->layer().contents(), contents);
 }
 
 TEST_F(DialTabPaneTest, ACellByItselfHasItsReuseIdentifierAndTheDefaultStyle) {

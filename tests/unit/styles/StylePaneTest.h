@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "headless/drainAllQueues.h"
 #include "styles/ModeStyleCell.h"
 #include "tests/support/GIFBuilder.h"
 #include "tests/support/PaneTest.h"
@@ -62,6 +63,16 @@ class StylePaneTest : public PaneTest {
       }
     }
     return views;
+  }
+
+  /// Refreshes the display until the preview has stopped.
+  void playToItsEnd(const FLAnimatedImageView& preview) {
+    for (int refreshes = 0; preview.isAnimating() && refreshes < 1000; ++refreshes) {
+      drainAllQueues();
+      displayRefresh->refresh(1.0 / 60);
+    }
+    ASSERT_EQ(preview.currentFrameIndex(), preview.frameCount());
+    ASSERT_FALSE(displayRefresh->isWanted());
   }
 
   /// A frame whose four numbers have to be of single precision.

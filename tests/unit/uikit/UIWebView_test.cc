@@ -53,6 +53,18 @@ TEST_F(UIWebViewTest, WhatComesOfAnEarlierLoadChangesNothing) {
   EXPECT_EQ(view->scrollView()->contentSize().height, 100);
 }
 
+TEST_F(UIWebViewTest, TheContentOfALongPageEndsAtTwentyThousandPoints) {
+  view->loadRequest({"http://a.example/", 5});
+  view->finishLoad(1, {320, 5e6});
+  EXPECT_EQ(delegate->height, 20'000);
+  view->setContentSize(1, {320, 20'000});
+  EXPECT_EQ(view->scrollView()->contentSize(), (CGSize{320, 20'000}));
+  view->setContentSize(1, {320, 19'999.5});
+  EXPECT_EQ(view->scrollView()->contentSize().height, 19'999.5);
+  view->setContentSize(1, {320, 20'000.5});
+  EXPECT_EQ(view->scrollView()->contentSize().height, 20'000);
+}
+
 TEST_F(UIWebViewTest, ADelegateThatIsGoneIsNotTold) {
   view->loadRequest({"http://a.example/", 5});
   delegate.reset();

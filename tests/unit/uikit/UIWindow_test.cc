@@ -61,6 +61,48 @@ TEST_F(UIWindowTest, AViewThatOutlivesItsSuperviewIsTold) {
   EXPECT_THAT(view->take(), ElementsAre("none"));
 }
 
+TEST_F(UIWindowTest, EverythingBelowAWindowThatGoesIsToldOnceThatItLeftIt) {
+  const auto middle = allocInit<Follower>();
+  auto other = allocInit<UIWindow>();
+  middle->addSubview(view);
+  parent->addSubview(middle);
+  other->addSubview(parent);
+  view->take();
+  middle->take();
+  std::weak_ptr<UIView> kept = parent;
+  parent.reset();
+  other.reset();
+  EXPECT_TRUE(kept.expired());
+  EXPECT_THAT(middle->take(), ElementsAre("no window", "none"));
+  EXPECT_THAT(view->take(), ElementsAre("no window"));
+}
+
+TEST_F(UIWindowTest, AViewThatOutlivesASuperviewWithoutAWindowHasLeftNone) {
+  const auto middle = allocInit<UIView>();
+  middle->addSubview(view);
+  parent->addSubview(middle);
+  view->take();
+  parent.reset();
+  EXPECT_THAT(view->take(), IsEmpty());
+}
+
+// Adds a view below itself as soon as it stands in a window.
+class Filler : public UIView {
+ public:
+  void didMoveToWindow() override {
+    if (window()) {
+      addSubview(child);
+    }
+  }
+  std::shared_ptr<Follower> child = allocInit<Follower>();
+};
+
+TEST_F(UIWindowTest, AViewThatIsAddedWhileItsSuperviewIsToldIsToldOnce) {
+  const auto filler = allocInit<Filler>();
+  window->addSubview(filler);
+  EXPECT_THAT(filler->child->take(), ElementsAre("superview", "window"));
+}
+
 TEST_F(UIWindowTest, OnlyThePageOnTopStandsInTheWindow) {
   const auto first = allocInit<UIViewController>();
   const auto second = allocInit<UIViewController>();

@@ -1,0 +1,49 @@
+#include "platform/foundation/PacedDelivery.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/foundation/MainQueue.h"
+#include "platform/foundation/method.h"
+#include "platform/services.h"
+
+namespace {
+
+constexpr double kLeastInterval = 0.2;  // seconds
+
+constexpr std::array kMethods{method<&PacedDelivery::deliverHeld>("deliverHeld")};
+
+}  // namespace
+
+constexpr ClassDescription PacedDelivery::classObject{"PacedDelivery", &NSObject::classObject,
+                                                      &allocObject<PacedDelivery>, kMethods};
+
+std::shared_ptr<PacedDelivery> PacedDelivery::withDelivery(std::function<void()> deliver) {
+  auto paced = allocInit<PacedDelivery>();
+  paced->deliver_ = std::move(deliver);
+  return paced;
+}
+
+void PacedDelivery::post() {
+  if (holds_) {
+    return;
+  }
+  const double now = services().clock->now();
+  if (!last_ || now - *last_ >= kLeastInterval) {
+    deliver();
+    return;
+  }
+  holds_ = true;
+  MainQueue::shared().performSelectorWithObjectAfterDelay(shared_from_this(), "deliverHeld",
+                                                          nullptr, *last_ + kLeastInterval - now);
+}
+
+void PacedDelivery::deliverHeld() {
+  holds_ = false;
+  deliver();
+}
+
+void PacedDelivery::deliver() {
+  last_ = services().clock->now();
+  deliver_();
+}
