@@ -18,6 +18,13 @@ struct WriteEvent {
   bool operator==(const WriteEvent&) const = default;
 };
 
+/// The settings that are not in their file because a write has failed are now these.
+struct UnsavedEvent {
+  std::vector<std::string> keys;
+  std::string reason;  // why the latest of them is not, as the system words it
+  bool operator==(const UnsavedEvent&) const = default;
+};
+
 struct PostEvent {
   NotificationCall call = NotificationCall::kCFNotificationCenter;
   std::string name;
@@ -103,6 +110,6 @@ struct LogEvent {
   bool operator==(const LogEvent&) const = default;
 };
 
-using Event = std::variant<WriteEvent, PostEvent, SpawnEvent, WaitEvent, FetchEvent, LoadStartEvent,
-                           LoadFinishEvent, CanOpenEvent, OpenEvent, AlertEvent,
+using Event = std::variant<WriteEvent, UnsavedEvent, PostEvent, SpawnEvent, WaitEvent, FetchEvent,
+                           LoadStartEvent, LoadFinishEvent, CanOpenEvent, OpenEvent, AlertEvent,
                            PresentComposeEvent, PresentMailEvent, DismissEvent, LogEvent>;

@@ -14,6 +14,7 @@
 #include <sys/file.h>
 #include <sys/random.h>
 
+#include "linux/privateFolder.h"
 #include "linux/readFile.h"
 
 namespace {
@@ -23,28 +24,16 @@ constexpr int kMostAttempts = 16;  // at a name for the temporary
 constexpr std::string_view kTemporarySuffix = ".tmp";
 constexpr std::size_t kRandomDigits = 16;
 constexpr mode_t kModeBits = 07777;
+constexpr mode_t kUserAlone = 0600;
+
+bool fail(int reason) {
+  errno = reason;
+  return false;
+}
 
 std::string folderOf(const std::string& path) {
   const auto slash = path.find_last_of('/');
   return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-// Makes a folder with its parents, each entered into its parent for good.
-bool makeFolder(const std::string& path) {
-  if (mkdir(path.c_str(), 0777) != 0) {
-    if (errno == EEXIST) {
-      return true;
-    }
-    if (errno != ENOENT || path == "/" || !makeFolder(folderOf(path)) ||
-        (mkdir(path.c_str(), 0777) != 0 && errno != EEXIST)) {
-      return false;
-    }
-  }
-  const FileDescriptor parent(open(folderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (parent) {
-    fsync(parent.get());
-  }
-  return true;
 }
 
 std::string temporaryPrefix(const std::string& name) {
@@ -74,18 +63,31 @@ std::optional<std::string> temporaryName(const std::string& name) {
 AtomicFile::AtomicFile(std::string path, std::size_t bound, Check check)
     : path_(std::move(path)), bound_(bound), check_(std::move(check)) {}
 
-bool AtomicFile::replace(std::string_view bytes) {
+AtomicFile::AtomicFile(FileDescriptor folder, std::string name, std::size_t bound, Check check)
+    : bound_(bound), check_(std::move(check)), name_(std::move(name)), folder_(std::move(folder)) {}
+
+std::error_code AtomicFile::replace(std::string_view bytes) {
+  return tryToReplace(bytes) ? std::error_code() : std::error_code(errno, std::system_category());
+}
+
+bool AtomicFile::tryToReplace(std::string_view bytes) {
   using Outcome = FileContents::Outcome;
-  if (bytes.size() > bound_ || !followLinks() || !openFolder()) {
+  if (bytes.size() > bound_) {
+    return fail(EFBIG);
+  }
+  if (!folder_ && (!followLinks() || !openFolder())) {
     return false;
   }
   const auto old = readFile(folder_.get(), name_, bound_, O_NOFOLLOW);
-  if (old.outcome == Outcome::kNotAFile || old.outcome == Outcome::kTooLarge) {
-    return false;
+  if (old.outcome == Outcome::kTooLarge) {
+    return fail(EFBIG);
+  }
+  if (old.outcome == Outcome::kNotAFile) {
+    return fail(old.status && S_ISDIR(old.status->st_mode) ? EISDIR : ENOTSUP);
   }
   // Whose file it is and who may read it is not known: a new one could lock its owner out.
   if (old.outcome != Outcome::kAbsent && !old.status) {
-    return false;
+    return fail(old.error);
   }
   old_ = old.status;
   const bool damaged =
@@ -96,8 +98,9 @@ bool AtomicFile::replace(std::string_view bytes) {
   }
   if (!fillTemporary(bytes) || (damaged && !keepOldFile()) ||
       renameat(folder_.get(), temporary_.c_str(), folder_.get(), name_.c_str()) != 0) {
+    const int reason = errno;
     unlinkat(folder_.get(), temporary_.c_str(), 0);
-    return false;
+    return fail(reason);
   }
   // The new file is in place. Where a file system cannot sync folders, that is as far as it goes.
   fsync(folder_.get());
@@ -110,19 +113,19 @@ bool AtomicFile::followLinks() {
     const ssize_t length = readlink(path_.c_str(), target.data(), target.size());
     if (length < 0) {
       name_ = path_.substr(path_.find_last_of('/') + 1);
-      return !name_.empty() && name_ != "." && name_ != "..";
+      return (!name_.empty() && name_ != "." && name_ != "..") || fail(EINVAL);
     }
     std::string next(target.data(), static_cast<std::size_t>(length));
     path_ = next.starts_with('/') ? std::move(next) : folderOf(path_) + "/" + next;
   }
-  return false;
+  return fail(ELOOP);
 }
 
 bool AtomicFile::openFolder() {
   const auto folder = folderOf(path_);
   constexpr int kFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
   folder_ = FileDescriptor(open(folder.c_str(), kFlags));
-  if (!folder_ && errno == ENOENT && makeFolder(folder)) {
+  if (!folder_ && errno == ENOENT && makePrivateFolders(folder)) {
     folder_ = FileDescriptor(open(folder.c_str(), kFlags));
   }
   return static_cast<bool>(folder_);
@@ -136,8 +139,8 @@ bool AtomicFile::openTemporary() {
     if (!name) {
       return false;
     }
-    file_ = FileDescriptor(openat(folder_.get(), name->c_str(),
-                                  O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, old_ ? 0600 : 0666));
+    file_ = FileDescriptor(
+        openat(folder_.get(), name->c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kUserAlone));
     if (!file_) {
       if (errno == EEXIST) {
         continue;
@@ -152,7 +155,7 @@ bool AtomicFile::openTemporary() {
     }
     unlinkat(folder_.get(), temporary_.c_str(), 0);
   }
-  return false;
+  return fail(EAGAIN);
 }
 
 bool AtomicFile::fillTemporary(std::string_view bytes) {

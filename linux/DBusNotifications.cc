@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <exception>
 #include <limits>
 #include <utility>
 
@@ -120,10 +121,10 @@ void DBusNotifications::connect() {
   }
   bus_.reset(bus);
   state_ = State::kJoining;
-  const auto receive = [](sd_bus_message* message, void* self, sd_bus_error* error) {
+  const auto receive = [](sd_bus_message* message, void* self, sd_bus_error* error) noexcept {
     return received(message, self, error);
   };
-  const auto installed = [](sd_bus_message* reply, void* self, sd_bus_error* error) {
+  const auto installed = [](sd_bus_message* reply, void* self, sd_bus_error* error) noexcept {
     return matchInstalled(reply, self, error);
   };
   result = sd_bus_match_signal_async(bus, nullptr, nullptr, kPath, kInterface, kSignal, receive,
@@ -146,7 +147,7 @@ void DBusNotifications::disconnect(int error) {
   }
 }
 
-int DBusNotifications::received(sd_bus_message* message, void* self, void* /*error*/) {
+int DBusNotifications::received(sd_bus_message* message, void* self, void* /*error*/) noexcept {
   const auto& notifications = *static_cast<DBusNotifications*>(self);
   // The observers of this process were told when it posted; the bus's echo is not a second post.
   const char* own = nullptr;
@@ -156,13 +157,21 @@ int DBusNotifications::received(sd_bus_message* message, void* self, void* /*err
     return 0;
   }
   const char* name = nullptr;
-  if (sd_bus_message_read(message, "s", &name) > 0) {
+  if (sd_bus_message_read(message, "s", &name) <= 0) {
+    return 0;
+  }
+  // The caller is C and knows nothing of exceptions.
+  try {
     notifications.delivery_(name);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "quietdial: a notification was not delivered: %s\n", error.what());
+  } catch (...) {
+    std::fputs("quietdial: a notification was not delivered\n", stderr);
   }
   return 0;
 }
 
-int DBusNotifications::matchInstalled(sd_bus_message* reply, void* self, void* /*error*/) {
+int DBusNotifications::matchInstalled(sd_bus_message* reply, void* self, void* /*error*/) noexcept {
   auto& notifications = *static_cast<DBusNotifications*>(self);
   if (sd_bus_message_is_method_error(reply, nullptr) > 0) {
     return -ECONNABORTED;

@@ -22,7 +22,8 @@ struct sd_bus_message;
 ///     passes; call process(); ask wanted() again, as also after every broadcast().
 class DBusNotifications final : public NotificationBroadcaster {
  public:
-  /// Called from process() for each notification that another process has posted.
+  /// Called from process() for each notification that another process has posted. What it throws
+  /// ends that delivery alone, and is said on standard error.
   using Delivery = std::function<void(const std::string& name)>;
 
   /// What the host waits for; the values as poll(2) has them.
@@ -65,8 +66,9 @@ class DBusNotifications final : public NotificationBroadcaster {
     void operator()(sd_bus* bus) const;
   };
 
-  static int received(sd_bus_message* message, void* self, void* error);
-  static int matchInstalled(sd_bus_message* reply, void* self, void* error);
+  // Called by the bus, which is written in C.
+  static int received(sd_bus_message* message, void* self, void* error) noexcept;
+  static int matchInstalled(sd_bus_message* reply, void* self, void* error) noexcept;
 
   void connect();
   void disconnect(int error);

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "linux/desktopProgram.h"
+#include "linux/lowered.h"
 
 namespace {
 
@@ -36,16 +37,13 @@ std::optional<std::string> schemeOf(std::string_view url) {
 }  // namespace
 
 bool DesktopAddressOpener::canOpen(const std::string& url) {
-  auto scheme = schemeOf(url);
+  const auto scheme = schemeOf(url);
   if (!scheme) {
     return false;
   }
-  std::ranges::transform(*scheme, scheme->begin(), [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-  });
-  const auto handler =
-      outputOfDesktopProgram({"xdg-mime", "query", "default", "x-scheme-handler/" + *scheme},
-                             kLongestQuery, kLongestAnswer);
+  const auto handler = outputOfDesktopProgram(
+      {"xdg-mime", "query", "default", "x-scheme-handler/" + lowered(*scheme)}, kLongestQuery,
+      kLongestAnswer);
   return handler && handler->find_first_not_of(" \t\r\n") != std::string::npos;
 }
 

@@ -1,6 +1,7 @@
 #include "linux/DeviceFileService.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include "linux/AtomicFile.h"
@@ -42,12 +43,23 @@ std::optional<PropertyListDictionary> DeviceFileService::dictionaryWithContentsO
 
 bool DeviceFileService::writeToFileAtomically(const PropertyListDictionary& dictionary,
                                               const std::string& path) {
+  return !replaceFile(dictionary, path);
+}
+
+std::error_code DeviceFileService::replaceFile(const PropertyListDictionary& dictionary,
+                                               const std::string& path) {
   const auto host = paths_->forWriting(path);
-  const auto bytes = host ? bytesFromPropertyList(dictionary) : std::nullopt;
+  if (!host) {
+    return {EINVAL, std::system_category()};
+  }
+  const auto bytes = bytesFromPropertyList(dictionary);
+  if (!bytes) {
+    return {EFBIG, std::system_category()};  // or a text in it is none, which panes cannot give
+  }
   const auto isDictionary = [](std::string_view old) {
     return dictionaryFromBytes(old).has_value();
   };
-  return bytes && AtomicFile(*host, kPropertyListFileBound, isDictionary).replace(*bytes);
+  return AtomicFile(*host, kPropertyListFileBound, isDictionary).replace(*bytes);
 }
 
 std::optional<PropertyListData> DeviceFileService::dataWithPropertyList(

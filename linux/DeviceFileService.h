@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
 
 #include "linux/DevicePaths.h"
 #include "platform/services.h"
@@ -18,6 +19,8 @@ class DeviceFileService final : public FileService {
       const std::string& path) const override;
   bool writeToFileAtomically(const PropertyListDictionary& dictionary,
                              const std::string& path) override;
+  /// The same, with the reason: no error when the file was replaced.
+  std::error_code replaceFile(const PropertyListDictionary& dictionary, const std::string& path);
   std::optional<PropertyListData> dataWithPropertyList(
       const PropertyListDictionary& dictionary) const override;
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <pwd.h>
 #include <string_view>
 #include <unistd.h>
-#include <vector>
+
+#include "linux/homeFolder.h"
 
 namespace {
 
@@ -39,17 +39,13 @@ std::string absolute(const std::string& path) {
   return error ? path : result;
 }
 
-std::string homeFolder() {
-  if (const char* home = std::getenv("HOME"); home && *home == '/') {
-    return home;
-  }
-  std::vector<char> buffer(16384);
-  passwd entry{};
-  passwd* found = nullptr;
-  if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) == 0 && found) {
-    return entry.pw_dir;
-  }
-  return "/";
+// Whether the path leads into the folder, wherever the links on either way go.
+bool liesIn(const std::string& path, const std::string& folder) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const auto inner = fs::weakly_canonical(path, error);
+  const auto outer = fs::weakly_canonical(folder, error);
+  return error || std::ranges::mismatch(outer, inner).in1 == outer.end();
 }
 
 }  // namespace
@@ -66,7 +62,8 @@ DevicePaths::DevicePaths(const std::string& root, const std::string& library,
 std::string DevicePaths::defaultRoot() {
   // A relative value of the variable is to be ignored (XDG base directories).
   const char* data = std::getenv("XDG_DATA_HOME");
-  return (data && *data == '/' ? std::string(data) : homeFolder() + "/.local/share") + "/quietdial";
+  return (data && *data == '/' ? std::string(data) : homeFolder().value_or("") + "/.local/share") +
+         "/quietdial";
 }
 
 std::string DevicePaths::installedLibrary() {
@@ -81,16 +78,40 @@ std::string DevicePaths::installedLibrary() {
 
 std::optional<std::string> DevicePaths::forReading(const std::string& devicePath) const {
   auto path = forWriting(devicePath);
-  if (path && !bundle_.empty() && devicePath.starts_with(bundlePath_)) {
-    const std::string rest = devicePath.substr(bundlePath_.size());
-    if (rest.empty() || rest.front() == '/') {
-      return bundle_ + rest;
-    }
+  if (auto given = inGivenBundle(devicePath)) {
+    return given;
   }
   if (path && devicePath.starts_with(kLibrary) && access(path->c_str(), F_OK) != 0) {
-    path = library_ + "/" + devicePath.substr(kLibrary.size());
+    path = installed(devicePath);
   }
   return path;
+}
+
+std::optional<std::string> DevicePaths::forModule(const std::string& devicePath, uid_t user) const {
+  const std::string_view bundles(kBundles);
+  const auto end = devicePath.find('/', bundles.size());
+  if (!isDevicePath(devicePath) || !devicePath.starts_with(bundles) || end == std::string::npos) {
+    return std::nullopt;
+  }
+  const auto given = inGivenBundle(devicePath);
+  std::error_code error;
+  if (!given && std::filesystem::is_directory(installed(devicePath.substr(0, end)), error)) {
+    return installed(devicePath);
+  }
+  auto path = given.value_or(root_ + devicePath);
+  return user == 0 && liesIn(path, root_) ? std::nullopt : std::optional(std::move(path));
+}
+
+std::optional<std::string> DevicePaths::inGivenBundle(const std::string& devicePath) const {
+  if (bundle_.empty() || !isDevicePath(devicePath) || !devicePath.starts_with(bundlePath_)) {
+    return std::nullopt;
+  }
+  const std::string rest = devicePath.substr(bundlePath_.size());
+  return rest.empty() || rest.front() == '/' ? std::optional(bundle_ + rest) : std::nullopt;
+}
+
+std::string DevicePaths::installed(const std::string& devicePath) const {
+  return library_ + "/" + devicePath.substr(kLibrary.size());
 }
 
 std::optional<std::string> DevicePaths::forWriting(const std::string& devicePath) const {

@@ -5,6 +5,8 @@
 #include <ranges>
 
 #include "linux/CurlLibrary.h"
+#include "linux/lowered.h"
+#include "linux/redirect.h"
 
 namespace {
 
@@ -15,24 +17,26 @@ constexpr const char* kUserAgent = "QuietDial/1.0";
 constexpr const char* kSchemes = "http,https";
 constexpr std::size_t kMostHeaders = 200;
 
-// The host in an address; nothing where it is no address.
-std::optional<std::string> hostOf(const CurlLibrary& curl, const std::string& address) {
-  const std::unique_ptr<CURLU, decltype(curl.url_cleanup)> url(curl.url(), curl.url_cleanup);
-  char* host = nullptr;
-  if (!url || curl.url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK ||
-      curl.url_get(url.get(), CURLUPART_HOST, &host, 0) != CURLUE_OK) {
+// A part of an address; nothing where there is none.
+std::optional<std::string> partOf(const CurlLibrary& curl, CURLU& url, CURLUPart part) {
+  char* text = nullptr;
+  if (curl.url_get(&url, part, &text, 0) != CURLUE_OK) {
     return std::nullopt;
   }
-  const std::unique_ptr<char, decltype(curl.free)> owner(host, curl.free);
-  return std::string(host);
+  const std::unique_ptr<char, decltype(curl.free)> owner(text, curl.free);
+  return lowered(text);
 }
 
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::ranges::transform(result, result.begin(), [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-  });
-  return result;
+// Whom an address asks; nothing where it is no address.
+std::optional<WebServer> serverOf(const CurlLibrary& curl, const std::string& address) {
+  const std::unique_ptr<CURLU, decltype(curl.url_cleanup)> url(curl.url(), curl.url_cleanup);
+  if (!url || curl.url_set(url.get(), CURLUPART_URL, address.c_str(), 0) != CURLUE_OK) {
+    return std::nullopt;
+  }
+  auto scheme = partOf(curl, *url, CURLUPART_SCHEME);
+  auto host = partOf(curl, *url, CURLUPART_HOST);
+  return scheme && host ? std::optional(WebServer{std::move(*scheme), std::move(*host)})
+                        : std::nullopt;
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -101,13 +105,15 @@ class HTTPClient::Transfer {
   }
 
   bool configure(const std::string& url, const HostMap::Address* address, Milliseconds time) {
-    bool ok =
-        set(CURLOPT_URL, url.c_str()) && set(CURLOPT_PATH_AS_IS, 1L) &&
-        set(CURLOPT_PROTOCOLS_STR, kSchemes) && set(CURLOPT_USERAGENT, kUserAgent) &&
-        set(CURLOPT_DISALLOW_USERNAME_IN_URL, 1L) && set(CURLOPT_NOSIGNAL, 1L) &&
-        set(CURLOPT_TIMEOUT_MS, static_cast<long>(time.count())) && set(CURLOPT_QUICK_EXIT, 1L) &&
-        set(CURLOPT_WRITEFUNCTION, &Transfer::receiveBody) && set(CURLOPT_WRITEDATA, this) &&
-        set(CURLOPT_HEADERFUNCTION, &Transfer::receiveHeader) && set(CURLOPT_HEADERDATA, this);
+    bool ok = set(CURLOPT_URL, url.c_str()) && set(CURLOPT_PATH_AS_IS, 1L) &&
+              set(CURLOPT_PROTOCOLS_STR, kSchemes) && set(CURLOPT_USERAGENT, kUserAgent) &&
+              set(CURLOPT_DISALLOW_USERNAME_IN_URL, 1L) && set(CURLOPT_NOSIGNAL, 1L) &&
+              set(CURLOPT_TIMEOUT_MS, static_cast<long>(time.count())) &&
+              set(CURLOPT_QUICK_EXIT, 1L) &&
+              set(CURLOPT_WRITEFUNCTION, &Transfer::callback<&Transfer::receiveBody>) &&
+              set(CURLOPT_WRITEDATA, this) &&
+              set(CURLOPT_HEADERFUNCTION, &Transfer::callback<&Transfer::receiveHeader>) &&
+              set(CURLOPT_HEADERDATA, this);
     if (ok && address) {
       connectTo_.reset(curl_.slist_append(nullptr, ("::" + address->text()).c_str()));
       ok = connectTo_ && set(CURLOPT_CONNECT_TO, connectTo_.get()) && set(CURLOPT_PROXY, "");
@@ -134,19 +140,32 @@ class HTTPClient::Transfer {
     return false;
   }
 
-  static std::size_t receiveBody(char* data, std::size_t size, std::size_t count, void* self) {
-    auto& transfer = *static_cast<Transfer*>(self);
-    const std::size_t length = size * count;
-    if (length > transfer.mostBytes_ - transfer.answer_.body.size()) {
-      return 0;  // ends the transfer
+  // What the library calls: no exception may pass through its frames.
+  template <bool (Transfer::*receive)(std::string_view)>
+  static std::size_t callback(char* data, std::size_t size, std::size_t count,
+                              void* self) noexcept {
+    const std::string_view bytes(data, size * count);
+    try {
+      if ((static_cast<Transfer*>(self)->*receive)(bytes)) {
+        return bytes.size();
+      }
+    } catch (...) {
+      return CURL_WRITEFUNC_ERROR;
     }
-    transfer.answer_.body.append(data, length);
-    return length;
+    return CURL_WRITEFUNC_ERROR;
   }
 
-  static std::size_t receiveHeader(char* data, std::size_t size, std::size_t count, void* self) {
-    auto& headers = static_cast<Transfer*>(self)->answer_.headers;
-    const std::string_view line(data, size * count);
+  // False ends the transfer.
+  bool receiveBody(std::string_view bytes) {
+    if (bytes.size() > mostBytes_ - answer_.body.size()) {
+      return false;
+    }
+    answer_.body.append(bytes);
+    return true;
+  }
+
+  bool receiveHeader(std::string_view line) {
+    auto& headers = answer_.headers;
     if (line.starts_with("HTTP/")) {
       headers.clear();  // what was before were headers of an interim answer
     }
@@ -154,7 +173,7 @@ class HTTPClient::Transfer {
     if (colon != std::string_view::npos && headers.size() < kMostHeaders) {
       headers.emplace_back(lowered(line.substr(0, colon)), trimmed(line.substr(colon + 1)));
     }
-    return line.size();
+    return true;
   }
 
   const CurlLibrary& curl_;
@@ -183,11 +202,11 @@ std::optional<HTTPAnswer> HTTPClient::get(const std::string& url, const HTTPLimi
   }
   const auto deadline = SteadyClock::now() + limits.time;
   std::string next = url;
+  auto server = serverOf(*curl, next);
   for (int redirects = 0; redirects <= limits.redirects; ++redirects) {
-    const auto host = hostOf(*curl, next);
-    const auto* address = host ? hosts_.find(*host) : nullptr;
+    const auto* address = server ? hosts_.find(server->host) : nullptr;
     const auto left = std::chrono::ceil<Milliseconds>(deadline - SteadyClock::now());
-    if (!host || (!address && unmapped_ == Unmapped::kUnreachable) || left.count() <= 0) {
+    if (!server || (!address && unmapped_ == Unmapped::kUnreachable) || left.count() <= 0) {
       return std::nullopt;
     }
     Transfer transfer(*curl, *this, limits.bytes);
@@ -199,6 +218,11 @@ std::optional<HTTPAnswer> HTTPClient::get(const std::string& url, const HTTPLimi
       return transfer.takeAnswer();
     }
     next = std::move(*target);
+    auto onward = serverOf(*curl, next);
+    if (!onward || !mayRedirect(*server, *onward)) {
+      return std::nullopt;
+    }
+    server = std::move(onward);
   }
   return std::nullopt;
 }

@@ -47,8 +47,8 @@ class HTTPClient {
   HTTPClient& operator=(HTTPClient&&) = delete;
   ~HTTPClient() = default;
 
-  /// The answer, of whatever status; redirects are followed. Nothing where none came whole within
-  /// the limits.
+  /// The answer, of whatever status. Redirects are followed within the host, and not from HTTPS to
+  /// HTTP. Nothing where no answer came whole within the limits, or a redirect leads elsewhere.
   std::optional<HTTPAnswer> get(const std::string& url, const HTTPLimits& limits = {});
 
   /// For the start of the program, when other things are more urgent: what is asked for waits until

@@ -5,7 +5,7 @@
 #include "linux/HTTPClient.h"
 #include "platform/services.h"
 
-/// Fetches texts of up to 1 MiB, in 30 seconds at most. Any thread.
+/// Fetches texts of up to 64 KiB, in 30 seconds at most. Any thread.
 class HTTPFetchService : public FetchService {
  public:
   explicit HTTPFetchService(std::shared_ptr<HTTPClient> client);

@@ -5,18 +5,12 @@
 
 #include <arpa/inet.h>
 
+#include "linux/lowered.h"
+
 namespace {
 
 constexpr std::string_view kNameCharacters = "abcdefghijklmnopqrstuvwxyz0123456789-._";
 constexpr std::string_view kAddressCharacters = "abcdefghijklmnopqrstuvwxyz0123456789-._:[]";
-
-std::string lowered(std::string_view text) {
-  std::string result(text);
-  std::ranges::transform(result, result.begin(), [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-  });
-  return result;
-}
 
 bool consistsOf(std::string_view text, std::string_view characters) {
   return !text.empty() && text.find_first_not_of(characters) == std::string_view::npos;

@@ -52,7 +52,8 @@ std::unique_ptr<LowMemorySource> LowMemoryMonitorSignal::connect() {
     return nullptr;
   }
   std::unique_ptr<LowMemoryMonitorSignal> source(new LowMemoryMonitorSignal(bus));
-  const auto receive = [](sd_bus_message* /*message*/, void* self, sd_bus_error* /*error*/) {
+  const auto receive = [](sd_bus_message* /*message*/, void* self,
+                          sd_bus_error* /*error*/) noexcept {
     static_cast<LowMemoryMonitorSignal*>(self)->warned_ = true;
     return 0;
   };

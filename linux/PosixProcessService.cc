@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <spawn.h>
+#include <unistd.h>
 
 #include <sys/wait.h>
 
@@ -37,9 +38,13 @@ int PosixProcessService::posixSpawn(int& pid, const std::string& path,
   const auto vector = pointersTo(arguments);
   const std::vector<std::string> none;
   const auto variables = pointersTo(environment ? *environment : none);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
   pid_t started = 0;
   const int error =
-      posix_spawn(&started, path.c_str(), nullptr, nullptr, vector.data(), variables.data());
+      posix_spawn(&started, path.c_str(), &actions, nullptr, vector.data(), variables.data());
+  posix_spawn_file_actions_destroy(&actions);
   if (error == 0) {
     pid = started;
   }

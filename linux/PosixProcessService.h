@@ -5,6 +5,8 @@
 /// Starting programs and waiting for them.
 class PosixProcessService final : public ProcessService {
  public:
+  /// Of what this program has open the other gets its standard input, output and error, and no
+  /// more.
   int posixSpawn(int& pid, const std::string& path, const std::vector<std::string>& arguments,
                  const std::vector<std::string>* environment) override;
 

@@ -5,16 +5,22 @@
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
+#include <fcntl.h>
 #include <filesystem>
 #include <string_view>
-#include <unistd.h>
 #include <utility>
 #include <vector>
+
+#include <sys/stat.h>
 
 #include "linux/AtomicFile.h"
 #include "linux/DesktopAddressOpener.h"
 #include "linux/MailMessageWriter.h"
+#include "linux/MailtoAddress.h"
 #include "linux/desktopProgram.h"
+#include "linux/findProgram.h"
+#include "linux/homeFolder.h"
+#include "linux/privateFolder.h"
 #include "platform/messageui/MailMessage.h"
 
 namespace {
@@ -23,41 +29,13 @@ constexpr auto kLongestSending = std::chrono::seconds(60);
 constexpr auto kLongestLaunch = std::chrono::seconds(5);
 constexpr std::size_t kMailFileBound = std::size_t{64} << 20;
 
-bool isProgram(const std::string& path) {
-  std::error_code error;
-  return std::filesystem::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
-}
-
-std::optional<std::string> programInPath(std::string_view name) {
-  const char* variable = std::getenv("PATH");
-  std::string_view folders = variable ? variable : "";
-  while (!folders.empty()) {
-    const auto length = std::min(folders.find(':'), folders.size());
-    const auto folder = folders.substr(0, length);
-    folders.remove_prefix(std::min(length + 1, folders.size()));
-    std::string path = std::string(folder) + "/" + std::string(name);
-    if (folder.starts_with('/') && isProgram(path)) {
-      return path;
-    }
-  }
-  return std::nullopt;
-}
-
+// Many users' paths leave the system's folders out.
 std::optional<std::string> sendmailCommand() {
-  if (auto command = programInPath("sendmail")) {
-    return command;
-  }
-  // Where it lies for programs of users whose path leaves the system's folders out.
-  for (const char* usual : {"/usr/sbin/sendmail", "/usr/lib/sendmail"}) {
-    if (isProgram(usual)) {
-      return usual;
-    }
-  }
-  return std::nullopt;
+  return findProgram("sendmail", "/usr/sbin:/usr/lib");
 }
 
 bool hasMailProgram() {
-  return programInPath("xdg-email") && DesktopAddressOpener().canOpen("mailto:");
+  return findProgram("xdg-email") && DesktopAddressOpener().canOpen("mailto:");
 }
 
 std::string ownAddress() {
@@ -79,83 +57,42 @@ bool sendBy(const std::string& command, const MailMessage& message) {
   return feedDesktopProgram({command, "-oi", "-t"}, *text, kLongestSending);
 }
 
-std::string percentEncoded(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  constexpr std::string_view kUnreserved =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
-  std::string result;
-  for (const char letter : text) {
-    if (kUnreserved.find(letter) != std::string_view::npos) {
-      result += letter;
-      continue;
-    }
-    const auto byte = static_cast<unsigned char>(letter);
-    result += {'%', kDigits[byte >> 4U], kDigits[byte & 15U]};
+// Where programs keep what can be lost.
+std::optional<std::string> cacheFolder() {
+  if (const char* cache = std::getenv("XDG_CACHE_HOME"); cache && *cache == '/') {
+    return cache;
   }
-  return result;
+  const auto home = homeFolder();
+  return home ? std::optional(*home + "/.cache") : std::nullopt;
 }
 
-// An address of the mail (RFC 6068), whose lines end in CR LF.
-std::string addressOf(const MailMessage& message) {
-  std::string to;
-  for (const auto& recipient : message.recipients) {
-    const auto at = recipient.rfind('@');
-    to += (to.empty() ? "" : ",") + percentEncoded(recipient.substr(0, at)) + recipient.substr(at);
-  }
-  std::string body;
-  for (const char letter : message.body) {
-    if (letter == '\n') {
-      body += "%0D%0A";
-    } else if (letter != '\r') {
-      body += percentEncoded({&letter, 1});
-    }
-  }
-  return "mailto:" + to + "?subject=" + percentEncoded(message.subject) + "&body=" + body;
-}
-
-std::filesystem::path attachmentFolder() {
-  const char* cache = std::getenv("XDG_CACHE_HOME");
-  if (cache && *cache == '/') {
-    return std::filesystem::path(cache) / "quietdial" / "mail";
-  }
-  const char* home = std::getenv("HOME");
-  return std::filesystem::path(home && *home == '/' ? home : "/tmp") / ".cache" / "quietdial" /
-         "mail";
-}
-
-bool writeFile(const std::filesystem::path& path, std::string_view bytes) {
+// A descriptor is needed for each file, since it is given away.
+bool writeFile(const FileDescriptor& folder, const std::string& name, std::string_view bytes) {
   const auto anything = [](std::string_view) { return true; };
-  return AtomicFile(path.string(), kMailFileBound, anything).replace(bytes);
-}
-
-bool makePrivateFolder(const std::filesystem::path& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) {
-    return false;
-  }
-  std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
-  return !error;
+  return !AtomicFile(FileDescriptor(fcntl(folder.get(), F_DUPFD_CLOEXEC, 0)), name, kMailFileBound,
+                     anything)
+              .replace(bytes);
 }
 
 // The attachments as files under their names. The mail program reads them some time after this
 // program has handed them over, so they stay until the next mail takes their place.
 std::optional<std::vector<std::string>> writeAttachments(const MailMessage& message) {
-  const auto folder = attachmentFolder();
-  if (!makePrivateFolder(folder)) {
+  const auto cache = cacheFolder();
+  const auto folder = cache ? openPrivateFolder(*cache, {"quietdial", "mail"}) : FileDescriptor();
+  if (!folder) {
     return std::nullopt;
   }
   std::vector<std::string> paths;
   for (const auto& attachment : message.attachments) {
-    const auto name = std::filesystem::path(attachment.fileName).filename();
+    const std::string name = std::filesystem::path(attachment.fileName).filename();
     if (name.empty() || name == "." || name == "..") {
       return std::nullopt;
     }
     const auto* bytes = reinterpret_cast<const char*>(attachment.data.data());
-    if (!writeFile(folder / name, {bytes, attachment.data.size()})) {
+    if (!writeFile(folder, name, {bytes, attachment.data.size()})) {
       return std::nullopt;
     }
-    paths.push_back((folder / name).string());
+    paths.push_back(*cache + "/quietdial/mail/" + name);
   }
   return paths;
 }
@@ -170,7 +107,7 @@ bool handToMailProgram(const MailMessage& message) {
   for (const auto& file : *files) {
     arguments.insert(arguments.end(), {"--attach", file});
   }
-  arguments.push_back(addressOf(message));
+  arguments.push_back(MailtoAddress{message.recipients, message.subject, message.body}.text());
   // Some desktops run the mail program itself here, which ends when the user is done with it.
   return launchDesktopProgram(arguments, kLongestLaunch);
 }
@@ -201,15 +138,17 @@ bool SystemMail::send(const MailMessage& message) {
 
 std::optional<std::string> SystemMail::saveDraft(const MailMessage& message) {
   const auto text = MailMessageWriter::write(message, {ownAddress(), now(), true});
-  const std::filesystem::path folder(draftsFolder_);
-  if (!text || !makePrivateFolder(folder)) {
+  const std::filesystem::path path(draftsFolder_);
+  const auto folder = openPrivateFolder(path.parent_path(), {path.filename()});
+  if (!text || !folder) {
     return std::nullopt;
   }
-  const std::string name = nameForNow();
-  auto path = folder / (name + ".eml");
-  std::error_code error;
-  for (int number = 2; std::filesystem::exists(path, error); ++number) {
-    path = folder / (name + " (" + std::to_string(number) + ").eml");
+  const std::string base = nameForNow();
+  std::string name = base + ".eml";
+  struct stat status {};
+  for (int number = 2; fstatat(folder.get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+       ++number) {
+    name = base + " (" + std::to_string(number) + ").eml";
   }
-  return writeFile(path, *text) ? std::optional(path.string()) : std::nullopt;
+  return writeFile(folder, name, *text) ? std::optional((path / name).string()) : std::nullopt;
 }

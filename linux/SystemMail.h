@@ -8,6 +8,10 @@
 /// the desktop's mail program, by xdg-email. The mail program shows the mail once more before it
 /// sends.
 ///
+/// Drafts, and the attachments that the mail program reads, are the user's alone. They lie in
+/// folders of their own, which are the user's as well and no links; otherwise nothing is written.
+/// The attachments' folder is in $XDG_CACHE_HOME, else in .cache of the user's own folder.
+///
 /// The sender is $EMAIL where that is an address; else the sendmail command fills in whom it sends
 /// for.
 class SystemMail final : public MailService {

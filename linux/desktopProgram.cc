@@ -16,12 +16,19 @@
 #include <sys/wait.h>
 
 #include "linux/FileDescriptor.h"
+#include "linux/StartEnvironment.h"
+#include "linux/findProgram.h"
 
 namespace {
 
 // Its process identifier; nothing when it could not be started. It reads from `input` and its
 // output goes to `output`; negative is nothing and nowhere.
 std::optional<pid_t> start(const std::vector<std::string>& arguments, int input, int output) {
+  const auto path = arguments.front().starts_with('/') ? std::optional(arguments.front())
+                                                       : findProgram(arguments.front());
+  if (!path) {
+    return std::nullopt;
+  }
   std::vector<char*> vector;
   vector.reserve(arguments.size() + 1);
   for (const auto& argument : arguments) {
@@ -41,13 +48,19 @@ std::optional<pid_t> start(const std::vector<std::string>& arguments, int input,
   } else {
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   }
+  posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
   posix_spawnattr_t attributes;
   posix_spawnattr_init(&attributes);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID);
+  // Libraries of this program ignore the signal of a pipe that nobody reads; others die of it.
+  sigset_t pipe{};
+  sigemptyset(&pipe);
+  sigaddset(&pipe, SIGPIPE);
+  posix_spawnattr_setsigdefault(&attributes, &pipe);
+  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
 
   pid_t pid = 0;
-  const int error =
-      posix_spawnp(&pid, vector.front(), &actions, &attributes, vector.data(), environ);
+  const int error = posix_spawn(&pid, path->c_str(), &actions, &attributes, vector.data(),
+                                StartEnvironment::shared().variables());
   posix_spawnattr_destroy(&attributes);
   posix_spawn_file_actions_destroy(&actions);
   return error == 0 ? std::optional(pid) : std::nullopt;

@@ -7,9 +7,9 @@
 #include <string_view>
 #include <vector>
 
-/// Programs of the desktop, looked up in $PATH and run with this program's environment in a session
-/// of their own, without its input. Any thread. A program named by an absolute path is run as it
-/// is.
+/// Programs of the desktop, looked up by `findProgram` and run with the environment that this
+/// program was started with, in a session of their own, without its input and whatever else it has
+/// open but its standard error. Any thread. A program named by an absolute path is run as it is.
 
 /// What the program prints, up to `longest` bytes; nothing when it cannot be started, fails, or has
 /// not ended in time. It is killed then.

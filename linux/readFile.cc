@@ -15,14 +15,17 @@ FileContents readFile(int directory, const std::string& path, std::size_t bound,
     if (reason == ENOENT || reason == ENOTDIR) {
       return contents;
     }
-    if (fstatat(directory, path.c_str(), &status, 0) == 0) {
+    const bool follows = (flags & O_NOFOLLOW) == 0;
+    if (fstatat(directory, path.c_str(), &status, follows ? 0 : AT_SYMLINK_NOFOLLOW) == 0) {
       contents.status = status;
     }
+    contents.error = reason;
     contents.outcome =
         contents.status && !S_ISREG(status.st_mode) ? Outcome::kNotAFile : Outcome::kUnreadable;
     return contents;
   }
   if (fstat(file.get(), &status) != 0) {
+    contents.error = errno;
     contents.outcome = Outcome::kUnreadable;
     return contents;
   }
@@ -45,6 +48,7 @@ FileContents readFile(int directory, const std::string& path, std::size_t bound,
       continue;
     }
     if (count < 0) {
+      contents.error = errno;
       contents.bytes.clear();
       contents.outcome = Outcome::kUnreadable;
       return contents;

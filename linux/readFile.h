@@ -18,6 +18,7 @@ struct FileContents {
   };
 
   Outcome outcome = Outcome::kAbsent;
+  int error = 0;                      ///< Where it is unreadable: errno's number for the reason.
   std::string bytes;                  ///< Where it was read.
   std::optional<struct stat> status;  ///< Where there is a file and its status could be asked.
 };

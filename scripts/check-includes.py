@@ -18,9 +18,9 @@ ALLOWED = {
     "extras": {"core", "root", "platform"},
     "animated": {"platform"},
     "bundle": PANES | {"platform"},
-    "linux": {"platform"},
+    "linux": {"core/preferenceStore.h", "core/settingsTable.h", "platform"},
     "headless": {"platform"},
-    "settings": {"linux", "headless", "platform", "tools/version.h"},
+    "settings": {"core/settingsTable.h", "linux", "headless", "platform", "tools/version.h"},
     "tools": PANES | {"linux", "headless", "platform"},
 }
 
@@ -32,7 +32,7 @@ STANDARD_HEADER = re.compile(r"^[a-z_0-9]+$")
 
 
 def main() -> int:
-    files = subprocess.run(["git", "ls-files", "*.h", "*.cc"], check=True, capture_output=True, text=True).stdout
+    files = subprocess.run(["scripts/sources", "*.h", "*.cc"], check=True, stdout=subprocess.PIPE, text=True).stdout
     faults = []
     for name in files.split():
         folder = name.split("/")[0]

@@ -14,6 +14,8 @@ QAccessible::Role AccessibleElement::accessibleRole() const {
       return QAccessible::EditableText;
     case Kind::Dialog:
       return QAccessible::Dialog;
+    case Kind::Notification:
+      return QAccessible::Notification;
     case Kind::Window:
       return QAccessible::Pane;
     case Kind::None:
@@ -29,6 +31,10 @@ void AccessibleElement::setName(const QString& name) {
   name_ = name;
   emit nameChanged();
   notifyAccessibleChange(QAccessible::NameChanged);
+}
+
+void AccessibleElement::announce() {
+  notifyAccessibleChange(isVisible() ? QAccessible::ObjectShow : QAccessible::ObjectHide);
 }
 
 QString AccessibleElement::editableText() const {

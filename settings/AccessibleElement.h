@@ -12,7 +12,7 @@ class AccessibleElement : public AccessibleItem {
   Q_PROPERTY(QString name READ accessibleName WRITE setName NOTIFY nameChanged FINAL)
 
  public:
-  enum class Kind { None, Button, Heading, Text, TextArea, Dialog, Window };
+  enum class Kind { None, Button, Heading, Text, TextArea, Dialog, Notification, Window };
   Q_ENUM(Kind)
 
   using AccessibleItem::AccessibleItem;
@@ -20,6 +20,8 @@ class AccessibleElement : public AccessibleItem {
   QAccessible::Role accessibleRole() const override;
   QString accessibleName() const override { return name_; }
   void setName(const QString& name);
+  /// Has assistive technology tell the user what it says, or that it has gone. For a notification.
+  Q_INVOKABLE void announce();
   bool isPressable() const override { return kind_ == Kind::Button && isEnabled(); }
   void press() override { emit pressed(); }
   QString editableText() const override;

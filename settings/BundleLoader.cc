@@ -11,8 +11,7 @@ std::string BundleLoader::load(const BundleEntry& entry) {
   if (loaded) {
     return {};
   }
-  const auto file = paths_->forReading(entry.modulePath);
-  const BundleModule module(file.value_or(entry.modulePath), entry.bundlePath);
+  const BundleModule module(*paths_, entry.modulePath);
   loaded = module.bundle() != nullptr;
   return module.error();
 }

@@ -21,10 +21,8 @@ class DesktopPreferences : public QObject {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 
- private slots:
-  void settingChanged(const QDBusMessage& message);
-
  private:
+  Q_SLOT void settingChanged(const QDBusMessage& message);
   void ask(const QString& group, const QString& key);
   void take(const QString& group, const QString& key, const QVariant& value);
   void tell() const;

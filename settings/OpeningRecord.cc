@@ -5,6 +5,8 @@
 #include <QUrl>
 #include <utility>
 
+#include "linux/privateFolder.h"
+
 OpeningRecord::OpeningRecord(QString folder) : folder_(std::move(folder)) {}
 
 OpeningRecord::~OpeningRecord() {
@@ -25,7 +27,8 @@ bool OpeningRecord::tookProgramDown(const std::string& className) const {
 void OpeningRecord::begin(const std::string& className) {
   const QString path = fileFor(className);
   QFile file(path);
-  if (!className.empty() && QDir().mkpath(folder_) && file.open(QIODevice::WriteOnly)) {
+  if (!className.empty() && makePrivateFolders(QFile::encodeName(folder_).toStdString()) &&
+      file.open(QIODevice::WriteOnly)) {
     opening_.insert(path);
   }
 }

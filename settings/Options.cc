@@ -79,6 +79,7 @@ constexpr std::array kDescriptions{
     Description{"map-host",
                 "Connect to ADDRESS:PORT wherever NAME would be looked up. May be given again.",
                 "NAME=ADDRESS:PORT"},
+    Description{"allow-root", "Run even as root, with root's own settings.", nullptr},
     Description{"no-web-engine",
                 "Show no web pages: in their place a button opens them in the browser.", nullptr},
 };
@@ -110,7 +111,7 @@ class Reader {
 
   // A text that may not be empty.
   QString filled(const char* name) {
-    const QString value = text(name);
+    QString value = text(name);
     if (isGiven(name) && value.isEmpty()) {
       fail(QStringLiteral("--%1 needs a value.").arg(QLatin1String(name)));
     }
@@ -210,6 +211,7 @@ Options Options::parse(const QStringList& arguments) {
   options.tour = reader.filled("tour");
   options.hasEntryBadge = reader.isGiven("entry-badge");
   options.entryBadge = reader.text("entry-badge");
+  options.allowRoot = reader.isGiven("allow-root");
   options.webEngine = !reader.isGiven("no-web-engine");
   reader.size("size", options.size);
   reader.number("scale", kSmallestScale, kLargestScale, options.scale);

@@ -32,6 +32,7 @@ struct Options {
   Renderer renderer = Renderer::Software;
   HostMap hosts;
   bool webEngine = true;
+  bool allowRoot = false;
   Effects effects = Effects::Real;  // None for pictures
   Appearance::Scheme scheme = Appearance::Scheme::System;
   Appearance::Motion motion = Appearance::Motion::System;

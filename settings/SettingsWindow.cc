@@ -52,9 +52,9 @@ bool isBusyPage(const QQuickItem& item) {
 
 }  // namespace
 
-SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, WebPages& webPages,
-                               OpeningRecord& record, PictureProvider::PathResolver resolvePicture,
-                               QSize size)
+SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, UnsavedNotice& unsaved,
+                               WebPages& webPages, OpeningRecord& record,
+                               PictureProvider::PathResolver resolvePicture, QSize size)
     : record_(record), mirror_(qml.engine()), view_(&qml.engine(), nullptr) {
   auto& engine = qml.engine();
   engine.addImageProvider(QLatin1String(PictureProvider::kName),
@@ -65,13 +65,15 @@ SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, WebPages& webPag
   view_.setResizeMode(QQuickView::SizeRootObjectToView);
   view_.resize(size);
   view_.setInitialProperties({{QStringLiteral("navigation"), QVariant::fromValue(&navigation_)},
-                              {QStringLiteral("sheets"), QVariant::fromValue(&sheets)}});
+                              {QStringLiteral("sheets"), QVariant::fromValue(&sheets)},
+                              {QStringLiteral("unsaved"), QVariant::fromValue(&unsaved)}});
   view_.setSource(QmlRuntime::source(QStringLiteral("Main")));
   if (view_.status() != QQuickView::Ready) {
     // The toolkit has told which QML module is missing.
     std::exit(EXIT_FAILURE);
   }
   view_.installEventFilter(this);
+  connect(&taps_, &TapListener::tapped, &mirror_, &ViewMirror::recognizeTap);
   connect(&queue_, &MainQueueHost::turned, &mirror_, &ViewMirror::scheduleCommit);
   connect(&mirror_, &ViewMirror::committed, &navigation_, &Navigation::refresh);
   connect(&mirror_, &ViewMirror::paneRequested, this,
@@ -153,7 +155,7 @@ void SettingsWindow::settle() {
 
 QImage SettingsWindow::picture() {
   settle();
-  const QImage image = view_.grabWindow();
+  QImage image = view_.grabWindow();
   pagesAreShown();
   return image;
 }

@@ -12,6 +12,8 @@
 #include "settings/PictureProvider.h"
 #include "settings/QmlRuntime.h"
 #include "settings/Sheets.h"
+#include "settings/TapListener.h"
+#include "settings/UnsavedNotice.h"
 #include "settings/ViewMirror.h"
 #include "settings/WebPages.h"
 #include "settings/WindowRefresh.h"
@@ -21,9 +23,9 @@ class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `qml`, `sheets`, `webPages` and `record` outlive the window.
-  SettingsWindow(QmlRuntime& qml, Sheets& sheets, WebPages& webPages, OpeningRecord& record,
-                 PictureProvider::PathResolver resolvePicture, QSize size);
+  /// `qml`, `sheets`, `unsaved`, `webPages` and `record` outlive the window.
+  SettingsWindow(QmlRuntime& qml, Sheets& sheets, UnsavedNotice& unsaved, WebPages& webPages,
+                 OpeningRecord& record, PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 
@@ -61,4 +63,5 @@ class SettingsWindow : public QObject {
   ViewMirror mirror_;
   Navigation navigation_;
   QQuickView view_;
+  TapListener taps_{view_};
 };

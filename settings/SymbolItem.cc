@@ -32,6 +32,12 @@ void SymbolItem::paint(QPainter* painter) {
       path.lineTo(box.left() + box.width() * 0.35, box.bottom());
       path.lineTo(box.topRight());
       break;
+    case Symbol::Cross:
+      path.moveTo(box.topLeft());
+      path.lineTo(box.bottomRight());
+      path.moveTo(box.topRight());
+      path.lineTo(box.bottomLeft());
+      break;
   }
   if (symbol_ != Symbol::Checkmark && Appearance::shared().isMirrored()) {
     painter->translate(width(), 0);

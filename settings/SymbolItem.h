@@ -14,7 +14,7 @@ class SymbolItem : public QQuickPaintedItem {
   Q_PROPERTY(qreal stroke MEMBER stroke_ NOTIFY changed)
 
  public:
-  enum class Symbol { Forward, Back, Checkmark };
+  enum class Symbol { Forward, Back, Checkmark, Cross };
   Q_ENUM(Symbol)
 
   explicit SymbolItem(QQuickItem* parent = nullptr);

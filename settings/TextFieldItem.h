@@ -36,6 +36,8 @@ class TextFieldItem : public ViewItem {
   /// The line editor's cursor has moved.
   Q_INVOKABLE void cursorMoved();
 
+  /// A tap places its cursor.
+  bool keepsTaps() const override { return true; }
   QAccessible::Role accessibleRole() const override { return QAccessible::EditableText; }
   QString accessibleName() const override;
   void addAccessibleState(QAccessible::State& state) const override;

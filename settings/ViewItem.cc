@@ -1,10 +1,27 @@
 #include "settings/ViewItem.h"
 
+#include <algorithm>
+
 #include "platform/uikit/UITableView.h"
 #include "platform/uikit/UITapGestureRecognizer.h"
 #include "platform/uikit/UIView.h"
 #include "settings/Appearance.h"
 #include "settings/ViewMirror.h"
+
+namespace {
+
+// Whether a view below the item keeps taps at that place to itself.
+bool isKept(const QQuickItem& item, QPointF place) {
+  const auto children = item.childItems();
+  return std::ranges::any_of(children, [&](const QQuickItem* child) {
+    const auto* view = qobject_cast<const ViewItem*>(child);
+    const QPointF there = item.mapToItem(child, place);
+    return child->isVisible() &&
+           ((view && view->keepsTaps() && child->contains(there)) || isKept(*child, there));
+  });
+}
+
+}  // namespace
 
 QColor toQColor(const UIColor& color) {
   return Appearance::shared().shown(color);
@@ -61,8 +78,8 @@ bool ViewItem::ordersByPosition() const {
   return table && table->wrapperView().get() == view_;
 }
 
-void ViewItem::recognizeTap() {
-  if (!view_) {
+void ViewItem::recognizeTap(QPointF place) {
+  if (!view_ || isKept(*this, place)) {
     return;
   }
   const auto keptAlive = view_->shared_from_this();

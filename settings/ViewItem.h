@@ -21,8 +21,6 @@ class ViewItem : public AccessibleItem {
   Q_PROPERTY(QColor color READ color NOTIFY lookChanged)
   Q_PROPERTY(qreal radius READ radius NOTIFY lookChanged)
   Q_PROPERTY(QColor tint READ tint NOTIFY lookChanged)
-  /// Whether taps on it, or anywhere below it, concern the view itself.
-  Q_PROPERTY(bool recognizesTaps READ recognizesTaps NOTIFY lookChanged)
   /// The item that holds the subviews; the item itself unless set.
   Q_PROPERTY(QQuickItem* container MEMBER container_)
 
@@ -51,7 +49,12 @@ class ViewItem : public AccessibleItem {
   QColor color() const { return color_; }
   qreal radius() const { return radius_; }
   QColor tint() const { return tint_; }
+  /// Whether taps on it, or anywhere below it, concern the view itself.
   bool recognizesTaps() const;
+  /// Whether taps on it are its own, so that no superview recognises them.
+  virtual bool keepsTaps() const { return false; }
+  /// The user has tapped at that place in the item.
+  void recognizeTap(QPointF place);
 
   /// Takes over what the view shows. True when its tint is another than before, which then holds
   /// for everything below it too.
@@ -60,8 +63,6 @@ class ViewItem : public AccessibleItem {
   /// Whether the subviews stand in a list, so that their order is their order from the top and not
   /// the one in which they were added.
   bool ordersByPosition() const;
-
-  Q_INVOKABLE void recognizeTap();
 
  signals:
   void lookChanged();

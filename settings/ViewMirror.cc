@@ -143,6 +143,22 @@ void ViewMirror::viewDestroyed(const UIView& view) {
   }
 }
 
+void ViewMirror::recognizeTap(QPointF place) {
+  // What is told may take items away.
+  std::vector<QPointer<ViewItem>> told;
+  for (const auto& [view, item] : items_) {
+    if (item->recognizesTaps() && item->isVisible() && item->isEnabled() &&
+        item->contains(item->mapFromScene(place))) {
+      told.emplace_back(item);
+    }
+  }
+  for (const auto& item : told) {
+    if (item) {
+      item->recognizeTap(item->mapFromScene(place));
+    }
+  }
+}
+
 void ViewMirror::bringOverAll() {
   for (const auto& [view, item] : items_) {
     changed_.insert(view);

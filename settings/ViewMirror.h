@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointF>
 #include <QPointer>
 #include <QQmlComponent>
 #include <memory>
@@ -35,6 +36,10 @@ class ViewMirror : public QObject, public UIViewObserver {
   ViewItem& itemFor(UIView& view);
   /// The item of that view is gone.
   void forget(const UIView& view);
+
+  /// The user has tapped at that place in the window: every view that recognises taps there is
+  /// told.
+  void recognizeTap(QPointF place);
 
   /// Brings over whatever has changed. Called by itself; earlier by whoever cannot wait.
   void commit();

@@ -10,6 +10,7 @@
 #include "linux/userNamespaces.h"
 #include "platform/foundation/GlobalQueue.h"
 #include "platform/foundation/MainQueue.h"
+#include "platform/makers/addresses.h"
 
 namespace {
 
@@ -31,45 +32,34 @@ bool isInstalled(const QStringList& modulePaths) {
   return false;
 }
 
+// The one host that the engine reaches.
+QString engineHost() {
+  const auto& address = addresses::kCatalogue;
+  return QUrl(QString::fromUtf8(address.data(), address.size())).host();
+}
+
+// Without a sandbox only pages of this machine are shown.
+bool isOnThisMachine(const HostMap& hosts) {
+  const auto* address = hosts.find(engineHost().toStdString());
+  return address && address->isLoopback();
+}
+
 }  // namespace
 
 WebPages::WebPages(HostMap hosts, std::shared_ptr<HTTPClient> web, bool mayUseEngine)
     : hosts_(std::move(hosts)), web_(std::move(web)), mayUseEngine_(mayUseEngine) {}
 
-bool WebPages::canShow(const QUrl& url, const QStringList& modulePaths) {
-  if (!mayUseEngine_ || !isWebAddress(url)) {
-    return false;
-  }
-  if (!engineHost_.isEmpty()) {
-    return url.host() == engineHost_;
-  }
-  if (!isInstalled(modulePaths) || !prepareSandbox(url.host())) {
-    return false;
-  }
-  engineHost_ = url.host();
-  prepareNetwork(engineHost_);
-  return true;
-}
-
-// The engine's sandbox does not run as root, and ends the whole program where it cannot run.
-// Without it only pages of this machine are shown.
-bool WebPages::prepareSandbox(const QString& host) const {
-  if (geteuid() != 0) {
+void WebPages::prepareEngine(const HostMap& hosts) {
+  const QString host = engineHost();
+  const auto* address = hosts.find(host.toStdString());
+  // Its sandbox does not run as root, and ends the whole program where it cannot run.
+  if (geteuid() == 0 && isOnThisMachine(hosts)) {
+    qputenv(kDisableSandbox, "1");
+  } else {
     qunsetenv(kDisableSandbox);
-    return canMakeUserNamespaces();
   }
-  const auto* address = hosts_.find(host.toStdString());
-  if (!address || !address->isLoopback()) {
-    return false;
-  }
-  qputenv(kDisableSandbox, "1");
-  return true;
-}
-
-// The engine takes these when it starts. No other host is even looked up, whether it is given by
-// name or by number, and no proxy is asked instead.
-void WebPages::prepareNetwork(const QString& host) const {
-  const auto* address = hosts_.find(host.toStdString());
+  // No other host is even looked up, whether it is given by name or by number, and no proxy is
+  // asked instead.
   const QString rules = address ? QStringLiteral("MAP %1 %2, MAP * ~NOTFOUND")
                                       .arg(host, QString::fromStdString(address->text()))
                                 : QStringLiteral("MAP * ~NOTFOUND, EXCLUDE %1").arg(host);
@@ -77,9 +67,20 @@ void WebPages::prepareNetwork(const QString& host) const {
                             "--host-resolver-rules=\"%1\" --no-proxy-server --disable-quic "
                             "--disable-background-networking")
                             .arg(rules);
-  // What the engine tells of its start is of no use to the user.
-  QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
   qputenv(kEngineFlags, qgetenv(kEngineFlags) + ' ' + flags.toUtf8());
+}
+
+bool WebPages::canShow(const QUrl& url, const QStringList& modulePaths) {
+  if (!mayUseEngine_ || !isWebAddress(url) || url.host() != engineHost()) {
+    return false;
+  }
+  if (!worksHere_) {
+    // What the engine tells of its start is of no use to the user.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
+    worksHere_ = isInstalled(modulePaths) &&
+                 (geteuid() == 0 ? isOnThisMachine(hosts_) : canMakeUserNamespaces());
+  }
+  return *worksHere_;
 }
 
 void WebPages::fetch(const std::string& url, double seconds,

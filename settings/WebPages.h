@@ -16,21 +16,24 @@
 #include "platform/services.h"
 
 /// Decides whether and how web pages are shown. The toolkit's web engine runs in processes of its
-/// own and is loaded when the first page is shown; from then on it reaches the host of that page
-/// and nothing else. Main thread.
+/// own and is loaded when the first page is shown; it reaches the host of the maker's catalogue and
+/// nothing else. Main thread.
 class WebPages : public QObject, public WebViewService {
   Q_OBJECT
 
  public:
+  /// Sets what the engine takes from the environment when it starts. Before any thread is started:
+  /// others may read the environment at any time.
+  static void prepareEngine(const HostMap& hosts);
+
   /// `hosts` are connected to where they are mapped to. Without `mayUseEngine` no page is shown.
   WebPages(HostMap hosts, std::shared_ptr<HTTPClient> web, bool mayUseEngine);
 
   /// The item that shows the view loads its page.
   void load(UIWebView& /*view*/) override {}
 
-  /// Whether the engine may show that page, and can: it is installed (in one of the folders in
-  /// which QML modules are looked for), its sandbox works, and the host is the one that it was
-  /// started for. The first page that may be shown decides on that host.
+  /// Whether the engine may show that page, and can: it is of the catalogue's host, the engine is
+  /// installed (in one of the folders in which QML modules are looked for), and its sandbox works.
   bool canShow(const QUrl& url, const QStringList& modulePaths);
 
   /// Fetches a page without the engine, in the background; `answered` is called on the main queue,
@@ -39,13 +42,10 @@ class WebPages : public QObject, public WebViewService {
              std::function<void(const std::optional<QByteArray>&)> answered);
 
  private:
-  bool prepareSandbox(const QString& host) const;
-  void prepareNetwork(const QString& host) const;
-
   const HostMap hosts_;
   const std::shared_ptr<HTTPClient> web_;
   const bool mayUseEngine_;
-  QString engineHost_;
+  std::optional<bool> worksHere_;
 };
 
 Q_DECLARE_METATYPE(WebPages*)

@@ -2,16 +2,23 @@
 
 #include <QPointer>
 #include <QQmlEngine>
+#include <algorithm>
 #include <array>
 #include <cmath>
 
+#include "linux/MailtoAddress.h"
+#include "linux/redirect.h"
 #include "platform/services.h"
 #include "platform/uikit/UIWebView.h"
 #include "settings/WebPages.h"
 
 namespace {
 
-constexpr std::array kOpenedSchemes{"http", "https", "mailto", "cydia"};
+constexpr std::array kOpenedSchemes{QLatin1String("http"), QLatin1String("https")};
+
+WebServer serverOf(const QUrl& url) {
+  return {url.scheme().toStdString(), url.host().toStdString()};
+}
 
 }  // namespace
 
@@ -34,7 +41,8 @@ bool WebViewItem::isLoading() const {
 }
 
 bool WebViewItem::isBusy() const {
-  return isLoading() || (hasLoaded_ && usesEngine_ && laidOutWidth_ != layoutWidth_);
+  // The engine rounds to whole pixels.
+  return isLoading() || (hasLoaded_ && usesEngine_ && std::abs(laidOutWidth_ - layoutWidth_) >= 1);
 }
 
 QAccessible::Role WebViewItem::accessibleRole() const {
@@ -61,6 +69,7 @@ void WebViewItem::takeOverVisibility(bool hidden) {
 
 void WebViewItem::start() {
   hasLoaded_ = false;
+  setPageHeight(0);
   const auto& request = *webView()->request();
   url_ = QUrl(QString::fromStdString(request.url), QUrl::StrictMode);
   auto* owner = pages();
@@ -104,6 +113,7 @@ void WebViewItem::fetched(const std::optional<QByteArray>& page) {
 void WebViewItem::pageLoaded(qreal height) {
   patience_.stop();
   hasLoaded_ = true;
+  setPageHeight(height);
   if (view()) {
     const auto keptAlive = view()->shared_from_this();
     webView()->finishLoad(loadNumber_, {width(), height});
@@ -135,7 +145,16 @@ void WebViewItem::engineFailed() {
 
 void WebViewItem::heightChanged(qreal height) {
   if (view() && !webView()->isLoading()) {
+    setPageHeight(height);
     webView()->setContentSize(loadNumber_, {width(), height});
+  }
+}
+
+void WebViewItem::setPageHeight(qreal height) {
+  const bool cut = height > UIWebView::kGreatestContentHeight;
+  if (cut != cut_) {
+    cut_ = cut;
+    emit cutChanged();
   }
 }
 
@@ -146,10 +165,15 @@ void WebViewItem::setNoteHeight(qreal height) {
   }
 }
 
+bool WebViewItem::mayRedirect(const QUrl& from, const QUrl& to) const {
+  return ::mayRedirect(serverOf(from), serverOf(to));
+}
+
 void WebViewItem::openOutside(const QUrl& url) {
-  for (const char* scheme : kOpenedSchemes) {
-    if (url.scheme() == QLatin1String(scheme)) {
-      services().addresses->open(url.toEncoded().toStdString());
-    }
+  const auto address = url.toEncoded().toStdString();
+  if (const auto mail = MailtoAddress::parse(address)) {
+    services().addresses->open(mail->text());
+  } else if (std::ranges::find(kOpenedSchemes, url.scheme()) != kOpenedSchemes.end()) {
+    services().addresses->open(address);
   }
 }

@@ -32,6 +32,8 @@ class WebViewItem : public ViewItem {
   Q_PROPERTY(bool measuring READ isMeasuring NOTIFY lookChanged)
   /// Whether the page is shown by the engine, as long as that works.
   Q_PROPERTY(bool usesEngine READ usesEngine NOTIFY lookChanged)
+  /// Whether the page is longer than is shown of it.
+  Q_PROPERTY(bool cut READ isCut NOTIFY cutChanged)
 
  public:
   explicit WebViewItem(QQuickItem* parent = nullptr);
@@ -43,9 +45,12 @@ class WebViewItem : public ViewItem {
   bool isBusy() const;
   bool isMeasuring() const { return measuring_; }
   bool usesEngine() const { return usesEngine_; }
+  bool isCut() const { return cut_; }
   /// Whether the last load has ended well.
   bool hasLoaded() const { return hasLoaded_; }
 
+  /// Whether the engine may go on with a page that answers with a redirect.
+  Q_INVOKABLE bool mayRedirect(const QUrl& from, const QUrl& to) const;
   /// The engine has loaded the page; its height is known.
   Q_INVOKABLE void pageLoaded(qreal height);
   /// The engine cannot give the page.
@@ -56,8 +61,8 @@ class WebViewItem : public ViewItem {
   Q_INVOKABLE void engineFailed();
   /// Height of the note, when it stands in the page's place.
   Q_INVOKABLE void setNoteHeight(qreal height);
-  /// Opens an address in the user's browser, or what else the desktop has for it; addresses that
-  /// reach into this machine are not opened.
+  /// Opens a web address in the user's browser, and that of a mail, as far as it says whom the mail
+  /// goes to and what is in it, in the mail program; others are not opened.
   Q_INVOKABLE void openOutside(const QUrl& url);
 
   QAccessible::Role accessibleRole() const override;
@@ -65,6 +70,7 @@ class WebViewItem : public ViewItem {
 
  signals:
   void pageFetched();
+  void cutChanged();
 
  protected:
   void takeOverLook() override;
@@ -76,6 +82,7 @@ class WebViewItem : public ViewItem {
   void start();
   void fetch();
   void fetched(const std::optional<QByteArray>& page);
+  void setPageHeight(qreal height);
 
   QUrl url_;
   QString fetchedPage_;
@@ -88,4 +95,5 @@ class WebViewItem : public ViewItem {
   bool usesEngine_ = false;
   bool hasLoaded_ = false;
   bool askedByEngine_ = true;
+  bool cut_ = false;
 };

@@ -13,6 +13,7 @@
 #include <set>
 #include <string>
 #include <thread>
+#include <unistd.h>
 #include <vector>
 
 #include "headless/RecordingAddresses.h"
@@ -27,9 +28,11 @@
 #include "linux/NetworkWork.h"
 #include "linux/PictureHeaderService.h"
 #include "linux/PosixProcessService.h"
+#include "linux/StartEnvironment.h"
 #include "linux/Syslog.h"
 #include "linux/SystemClock.h"
 #include "linux/SystemMail.h"
+#include "linux/WatchedFiles.h"
 #include "linux/readFile.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
@@ -52,6 +55,7 @@
 #include "settings/SystemFont.h"
 #include "settings/TerminationSignals.h"
 #include "settings/Tour.h"
+#include "settings/UnsavedNotice.h"
 #include "settings/WebPages.h"
 #include "settings/WindowDeviceInformation.h"
 #include "settings/WindowRefresh.h"
@@ -176,7 +180,10 @@ int run(const Options& options, QmlRuntime& qml) {
   const auto paths = std::make_shared<const DevicePaths>(
       root.toStdString(), library,
       options.bundle.isEmpty() ? std::string() : bundle.absoluteFilePath().toStdString());
-  const auto files = std::make_shared<DeviceFileService>(paths);
+  const auto unsaved = std::make_shared<UnsavedSettings>();
+  UnsavedNotice notice(unsaved);
+  const auto files =
+      std::make_shared<WatchedFiles>(std::make_shared<DeviceFileService>(paths), unsaved);
   const auto sheets = std::make_shared<Sheets>();
   const auto web = std::make_shared<HTTPClient>(options.hosts, HTTPClient::Unmapped::kLookedUp);
   const NetworkWork network(web);
@@ -239,8 +246,8 @@ int run(const Options& options, QmlRuntime& qml) {
   const auto record = std::make_shared<OpeningRecord>(
       root + QStringLiteral("/User/Library/Caches/Settings/Opening"));
   const auto openWindow = [&] {
-    auto window =
-        std::make_unique<SettingsWindow>(qml, *sheets, *webPages, *record, resolve, options.size);
+    auto window = std::make_unique<SettingsWindow>(qml, *sheets, notice, *webPages, *record,
+                                                   resolve, options.size);
     window->follow(*refresh);
     window->navigation().setAnimated(!options.isPicture());
     window->navigation().stack().pushViewControllerAnimated(
@@ -280,12 +287,17 @@ int run(const Options& options, QmlRuntime& qml) {
   }
   window->navigation().endEditing();
   MainQueue::shared().drain();
+  if (notice.isShown()) {
+    // Perhaps the window was gone before anybody could read it there.
+    complain(QStringLiteral("%1 (%2)").arg(notice.sentence(), notice.settings()), status);
+  }
   return status;
 }
 
 }  // namespace
 
 int main(int count, char** values) {
+  StartEnvironment::shared();
   QStringList arguments;
   for (int index = 0; index < count; ++index) {
     arguments.append(QString::fromLocal8Bit(values[index]));
@@ -303,12 +315,20 @@ int main(int count, char** values) {
     case Options::Ask::Run:
       break;
   }
+  if (geteuid() == 0 && !options.allowRoot) {
+    return complain(
+        QStringLiteral("This is not meant for root; --allow-root goes on all the same."),
+        EXIT_FAILURE);
+  }
 
   if (options.isPicture()) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
   if (options.scale > 0) {
     qputenv("QT_SCALE_FACTOR", QByteArray::number(options.scale));
+  }
+  if (options.webEngine) {
+    WebPages::prepareEngine(options.hosts);
   }
   if (options.renderer == Options::Renderer::Software) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);

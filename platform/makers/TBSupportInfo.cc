@@ -13,6 +13,18 @@ std::string textOf(const PropertyListDictionary& dictionary, std::string_view ke
   return text ? *text : std::string();
 }
 
+std::set<std::string> textsOf(const PropertyListDictionary& dictionary, std::string_view key) {
+  const auto found = dictionary.find(key);
+  const auto* list = found == dictionary.end() ? nullptr : found->second.get<PropertyListArray>();
+  std::set<std::string> texts;
+  for (const auto& entry : list ? *list : PropertyListArray()) {
+    if (const auto* text = entry.get<std::string>()) {
+      texts.insert(*text);
+    }
+  }
+  return texts;
+}
+
 }  // namespace
 
 bool TBSupportInfo::initWithPackageFilePath(const std::string& path) {
@@ -24,6 +36,7 @@ bool TBSupportInfo::initWithPackageFilePath(const std::string& path) {
     identifier_ = textOf(*info, "CFBundleIdentifier");
     name_ = textOf(*info, "CFBundleName");
     version_ = textOf(*info, "CFBundleShortVersionString");
+    preferenceKeys_ = textsOf(*info, "TBSupportPreferenceKeys");
   }
   return true;
 }
@@ -52,6 +65,8 @@ PropertyListData TBSupportInfo::supportAttachmentDataForPreferencePath(
                                      {"Device", services().device->deviceInformation()}};
   const auto withoutSettings = information;
   if (auto settings = services().files->dictionaryWithContentsOfFile(path)) {
+    std::erase_if(*settings,
+                  [this](const auto& entry) { return !preferenceKeys_.contains(entry.first); });
     information.insert_or_assign("Settings", std::move(*settings));
   }
   if (auto data = services().files->dataWithPropertyList(information)) {

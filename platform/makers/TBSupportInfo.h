@@ -1,28 +1,31 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
 #include "platform/api.h"
 #include "platform/foundation/NSObject.h"
 
-/// What a support mail tells: the subject from the package, the attachment from the user's settings
-/// and the kind of device. Nothing else of the user goes in. Main thread.
+/// What a support mail tells: the subject from the package, the attachment from the package's
+/// settings and the kind of device. Nothing else of the user goes in. Main thread.
 class PLATFORM_API TBSupportInfo : public NSObject {
  public:
   static const ClassDescription classObject;
   const ClassDescription& classDescription() const override { return classObject; }
 
   /// `path` is the bundle folder of the package; its name and version come from the Info.plist in
-  /// it. A package without one is known by its identifier alone.
+  /// it, and with `TBSupportPreferenceKeys` a list of the keys of its settings. A package without
+  /// one is known by its identifier alone.
   bool initWithPackageFilePath(const std::string& path);
 
   /// "NAME VERSION (IDENTIFIER)".
   std::string mailSubjectForPackageIdentifier(std::string_view identifier) const;
 
   /// A property list with the dictionaries `Package`, `Device` and `Settings`; the last only where
-  /// the file at `path` can be read. XML, or binary where XML cannot carry the settings. Settings
+  /// the file at `path` can be read, and with the package's own keys alone: others may keep theirs
+  /// in that file, too. XML, or binary where XML cannot carry the settings. Settings
   /// that are too large for a file beside the rest are left out.
   PropertyListData supportAttachmentDataForPreferencePath(const std::string& path) const;
 
@@ -30,4 +33,5 @@ class PLATFORM_API TBSupportInfo : public NSObject {
   std::string identifier_;
   std::string name_;
   std::string version_;
+  std::set<std::string> preferenceKeys_;
 };

@@ -20,7 +20,4 @@ ImageItem {
         anchors.fill: parent
         view: view
     }
-    TapRecognizer {
-        view: view
-    }
 }

@@ -7,6 +7,7 @@ AccessibleElement {
 
     required property Navigation navigation
     required property Sheets sheets
+    required property UnsavedNotice unsaved
 
     // What a keyboard on the screen covers at the window's lower end.
     readonly property real keyboardHeight: {
@@ -41,10 +42,22 @@ AccessibleElement {
     }
     NavigationView {
         id: pages
-        anchors.fill: parent
-        anchors.bottomMargin: main.keyboardHeight
+        anchors.top: parent.top
+        anchors.bottom: unsavedBar.top
+        width: parent.width
         enabled: !main.covered
         navigation: main.navigation
+    }
+    UnsavedBar {
+        id: unsavedBar
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: main.keyboardHeight
+        width: parent.width
+        // The page has at least as much room.
+        height: Math.min(implicitHeight, (parent.height - main.keyboardHeight) / 2)
+        enabled: !main.covered
+        notice: main.unsaved
+        onFocusLost: pages.forceActiveFocus()
     }
     Loader {
         anchors.fill: parent

@@ -68,42 +68,36 @@ FocusScope {
         navigation: view.navigation
         depth: view.depth
     }
-    MouseArea {
-        id: edge
-        property real startX: 0
+    Item {
         anchors.left: parent.left
         anchors.top: parent.top
         anchors.bottom: parent.bottom
         anchors.topMargin: Theme.barHeight
         width: Theme.edgeWidth
-        enabled: view.navigation.top > 0 && !slide.running
-        propagateComposedEvents: true
-        preventStealing: true
-        property bool moved: false
-        function wayTo(mouse) {
-            return Appearance.mirrored ? startX - mouse.x : mouse.x - startX;
-        }
-        onPressed: mouse => {
-            startX = mouse.x;
-            moved = false;
-        }
-        onPositionChanged: mouse => {
-            const way = Math.max(0, wayTo(mouse));
-            moved = moved || way > Qt.styleHints.startDragDistance;
-            if (moved)
+
+        // A swipe from the edge takes the page along; a tap there is the page's.
+        DragHandler {
+            id: swipe
+            property real way: 0
+            target: null
+            yAxis.enabled: false
+            enabled: view.navigation.top > 0 && !slide.running
+            function follow() {
+                if (!active)
+                    return;
+                const step = centroid.scenePosition.x - centroid.scenePressPosition.x;
+                way = Math.max(0, Appearance.mirrored ? -step : step);
                 view.depth = view.navigation.top - Math.min(1, way / view.width);
+            }
+            onActiveChanged: follow()
+            onCentroidChanged: follow()
+            onGrabChanged: transition => {
+                if (transition === PointerDevice.UngrabExclusive && way > view.width / 3)
+                    view.navigation.back();
+                else if (transition === PointerDevice.UngrabExclusive
+                         || transition === PointerDevice.CancelGrabExclusive)
+                    view.slideTo(view.navigation.top, true);
+            }
         }
-        onReleased: mouse => {
-            if (!moved)
-                return;
-            const way = wayTo(mouse);
-            if (way > view.width / 3)
-                view.navigation.back();
-            else
-                view.slideTo(view.navigation.top, true);
-        }
-        onCanceled: if (moved)
-            view.slideTo(view.navigation.top, true)
-        onClicked: mouse => mouse.accepted = moved
     }
 }

@@ -27,10 +27,6 @@ FocusScope {
         anchors.fill: parent
         color: Theme.pageColor
     }
-    TapHandler {
-        // A tap beside everything ends editing.
-        onTapped: pageView.navigation.endEditing()
-    }
     ViewSurface {
         id: surface
         anchors.fill: parent

@@ -10,7 +10,4 @@ ViewItem {
         color: view.color
         radius: view.radius
     }
-    TapRecognizer {
-        view: view
-    }
 }

@@ -80,7 +80,4 @@ SegmentedControlItem {
         border.color: control.tint
         border.width: Theme.segmentLine
     }
-    TapRecognizer {
-        view: control
-    }
 }

@@ -72,9 +72,6 @@ TableCellItem {
         id: tap
         onTapped: cell.tap()
     }
-    TapRecognizer {
-        view: cell
-    }
     FocusFrame {
         target: cell
     }

@@ -7,10 +7,15 @@ TextFieldItem {
     editor: input
     Accessible.role: Accessible.EditableText
     onEditingChanged: {
-        if (editing)
+        if (editing) {
             input.forceActiveFocus();
-        else
-            input.focus = false;
+            return;
+        }
+        // Told to end while it is typed into, it gives the focus to the list.
+        const typed = input.activeFocus;
+        input.focus = false;
+        if (typed)
+            field.focus = false;
     }
     readonly property string shownText: text
     onShownTextChanged: if (input.text !== shownText)
@@ -50,7 +55,11 @@ TextFieldItem {
                 field.endEditing();
         }
         onTextEdited: field.edit(text)
-        onAccepted: field.pressReturn()
+        onAccepted: {
+            // The focus stays in the row, for the keys to go on from there.
+            focus = false;
+            field.pressReturn();
+        }
         onCursorPositionChanged: field.cursorMoved()
         cursorDelegate: Rectangle {
             width: 2

@@ -71,6 +71,13 @@ QtObject {
     readonly property real pillPadding: 4
     readonly property int smallestText: 11
 
+    readonly property real noticeMargin: 10
+    readonly property real noticeSpacing: 2
+    readonly property real noticeMark: 4
+    readonly property int noticeLines: 6
+    readonly property real crossSize: 14
+    readonly property real crossStroke: 2
+
     readonly property color wheelColor: "#8e8e93"
     readonly property int wheelSpokes: 12
     readonly property int wheelTime: 1000
@@ -84,7 +91,8 @@ QtObject {
     // How far the page below moves to the left and how much it dims while another slides over it.
     readonly property real slideParallax: 0.3
     readonly property real slideDim: 0.1
-    readonly property real edgeWidth: 20
+    // What stands in a row begins beside it: a press there is never kept from a field.
+    readonly property real edgeWidth: 15
 
     readonly property real alertWidth: 270
     readonly property real alertRadius: 7

@@ -1,10 +1,12 @@
 import QtQuick
 import QuietDial.Settings
 
-// What stands in a page's place: one sentence, and a button that opens the page elsewhere.
+// What stands in a page's place, or where one is cut off: one sentence, and a button that opens the
+// page elsewhere.
 Item {
     id: note
 
+    property alias text: sentence.text
     signal opened
 
     implicitHeight: column.implicitHeight + 2 * Theme.webNoteMargin
@@ -24,7 +26,6 @@ Item {
             Text {
                 id: sentence
                 width: parent.width
-                text: qsTr("This page cannot be shown here.")
                 textFormat: Text.PlainText
                 font: Theme.bodyFont
                 color: Theme.textColor

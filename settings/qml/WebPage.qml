@@ -9,6 +9,11 @@ WebEngineView {
 
     property WebViewItem view: null
     property bool loaded: false
+    // What the engine last asked for, so that it is known where a redirect comes from.
+    property url asked
+    // The engine counts in pixels of the screen.
+    readonly property size pageSize: Qt.size(contentsSize.width / Theme.devicePixelRatio,
+                                             contentsSize.height / Theme.devicePixelRatio)
 
     function begin() {
         if (view.isAskedByEngine)
@@ -17,12 +22,12 @@ WebEngineView {
             loadHtml(view.fetchedPage, view.url);
     }
     function tellHeight() {
-        if (!loaded || contentsSize.height <= 0)
+        if (!loaded || pageSize.height <= 0)
             return;
         if (view.loading)
-            view.pageLoaded(contentsSize.height);
+            view.pageLoaded(pageSize.height);
         else
-            view.heightChanged(contentsSize.height);
+            view.heightChanged(pageSize.height);
     }
 
     Connections {
@@ -67,9 +72,9 @@ WebEngineView {
     audioMuted: true
 
     onViewChanged: begin()
-    onContentsSizeChanged: {
+    onPageSizeChanged: {
         if (view)
-            view.laidOutWidth = contentsSize.width;
+            view.laidOutWidth = pageSize.width;
         tellHeight();
     }
     onLoadingChanged: info => {
@@ -86,13 +91,18 @@ WebEngineView {
     }
     onNavigationRequested: request => {
         const isOurs = request.navigationType === WebEngineNavigationRequest.TypedNavigation;
-        const isOnward = request.navigationType === WebEngineNavigationRequest.RedirectNavigation
-                       || !request.isMainFrame;
-        if (isOurs || (isOnward && !loaded && request.url.toString().startsWith("http")))
+        const isRedirect = request.navigationType === WebEngineNavigationRequest.RedirectNavigation;
+        const isOnward = (isRedirect || !request.isMainFrame) && !loaded;
+        if (isOurs || (isOnward && view.mayRedirect(asked, request.url))) {
+            if (request.isMainFrame)
+                asked = request.url;
             return;
+        }
         request.reject();
         if (request.navigationType === WebEngineNavigationRequest.LinkClickedNavigation)
             view.openOutside(request.url);
+        else if (isRedirect && request.isMainFrame && !loaded)
+            view.pageFailed();
     }
     onNewWindowRequested: request => {
         if (request.userInitiated)

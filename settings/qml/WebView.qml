@@ -25,8 +25,26 @@ WebViewItem {
         anchors.fill: page
         visible: view.usesEngine && !view.measuring
     }
+    Rectangle {
+        width: page.width
+        height: cutNote.implicitHeight
+        anchors.bottom: page.bottom
+        visible: view.cut && view.usesEngine && !view.measuring
+        color: Theme.paperColor
+
+        Hairline {
+            width: parent.width
+        }
+        WebNote {
+            id: cutNote
+            width: parent.width
+            text: qsTr("This page is too long to be shown here as a whole.")
+            onOpened: view.openOutside(view.url)
+        }
+    }
     WebNote {
         width: view.pageWidth
+        text: qsTr("This page cannot be shown here.")
         visible: !view.usesEngine && !view.measuring
         onImplicitHeightChanged: view.setNoteHeight(implicitHeight)
         onOpened: view.openOutside(view.url)

@@ -12,7 +12,7 @@ import time
 import unittest
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
-from catalogue import HOST, Catalogue  # noqa: E402
+from catalogue import HOST, Catalogue, make_certificate  # noqa: E402
 from drive import Drive, program  # noqa: E402
 
 ROOT = "QDPreferencesListController"
@@ -21,6 +21,7 @@ PROMOTION = "QDPromotionController"
 BASE = "/tweaks/tweaks.php?id=me.orlanvey.quietdial"
 LIST = f"http://{HOST}{BASE}&list=1"
 PAGE = f"http://{HOST}{BASE}"
+LONGEST_LIST = 64 << 10  # bytes
 SETTINGS = "User/Library/Preferences/me.orlanvey.quietDial.plist"
 
 
@@ -86,7 +87,7 @@ class Journey(unittest.TestCase):
             self.assertEqual(server.requests(), [(f"GET {BASE}&list=1 HTTP/1.1", HOST), page, page])
 
     def test_the_servers_word_on_the_pages_height_is_taken(self):
-        for said, height in (("700.5", 700.5), ("0", 0), ("-5", 480)):
+        for said, height in (("700.5", 700.5), ("0", 0), ("-5", 480), ("19999.5", 19999.5)):
             with Catalogue("a", arguments=["--content-height", said]) as server, \
                     Drive("--map-host", server.mapping) as drive:
                 drive.do("push", pane=PROMOTION)
@@ -95,6 +96,17 @@ class Journey(unittest.TestCase):
                 page = next(view for view in view["children"][0]["children"] if view["class"] == "UIWebView")
                 self.assertEqual(page["frame"], [0, 0, 320, height])
                 self.assertEqual(page["url"], PAGE)
+
+    def test_a_page_is_20000_points_high_at_most(self):
+        for said in ("20000", "20000.5", "5000000", "1e300", "inf"):
+            with self.subTest(said), Catalogue("a", arguments=["--content-height", said]) as server, \
+                    Drive("--map-host", server.mapping) as drive:
+                drive.do("push", pane=PROMOTION)
+                (row,) = drive.rows()
+                self.assertEqual((row["id"], row["height"]), ("TweaksPromotionCell", 20000))
+                view = drive.do("views", row=0)["view"]
+                page = next(view for view in view["children"][0]["children"] if view["class"] == "UIWebView")
+                self.assertEqual(page["frame"], [0, 0, 320, 20000])
 
     def test_before_the_first_answer_nothing_is_known_or_stored(self):
         with Catalogue("a") as server, Drive("--map-host", server.mapping) as drive:
@@ -110,6 +122,19 @@ class Journey(unittest.TestCase):
                     Drive("--map-host", server.mapping) as drive:
                 drive.do("push", pane=ROOT)
                 self.assertEqual(drive.events(), [{"event": "fetch", "url": LIST, "ok": ok}])
+
+
+    def test_a_redirect_may_lead_to_https_and_from_there_no_more_to_http(self):
+        with tempfile.TemporaryDirectory() as folder:
+            certificate = make_certificate(folder)
+            trusting = dict(os.environ, LD_PRELOAD=os.environ["QUIETDIAL_TRUST_SHIM"], QUIETDIAL_TRUSTED=certificate)
+            for fault, ok in (("to-https", True), ("to-http", False)):
+                with self.subTest(fault), \
+                        Catalogue("a", arguments=["--certificate", certificate, "--list-fault", fault]) as server, \
+                        Drive("--map-host", server.mapping, environment=trusting) as drive:
+                    drive.do("push", pane=ROOT)
+                    self.assertEqual(drive.events(), [{"event": "fetch", "url": LIST, "ok": ok}])
+                    self.assertEqual(len(server.requests()), 2)
 
 
 class Unmapped(unittest.TestCase):
@@ -187,6 +212,33 @@ class BadServers(unittest.TestCase):
 
     def test_two_gibibytes_of_text(self):
         self.fault("huge")
+
+    def test_more_tweaks_than_a_settings_file_could_hold(self):
+        """The longest list that is taken leaves room for settings; a longer one changes nothing."""
+        with tempfile.TemporaryDirectory() as root:
+            path = os.path.join(root, SETTINGS)
+            os.makedirs(os.path.dirname(path))
+            with open(path, "wb") as file:
+                plistlib.dump({"seen_tweaks": [""]}, file)
+            page = os.path.join(root, "page.html")
+            with open(page, "w", encoding="utf-8") as file:
+                file.write("<p>No tweaks.")
+            with Catalogue(*[""] * (LONGEST_LIST + 2), arguments=["--page", page]) as server, \
+                    Drive("--map-host", server.mapping, "--root", root) as drive:
+                drive.do("push", pane=ROOT)
+                self.assertEqual(drive.events("fetch"), [{"event": "fetch", "url": LIST, "ok": False}])
+                drive.do("tap", row=promotion_row(drive)["index"])
+                self.assertEqual(drive.settings(), {"seen_tweaks": [""]})
+                drive.do("pop")
+                server.set_tweaks(*[""] * (LONGEST_LIST + 1))
+                drive.do("tap", row=0)
+                drive.do("pop")
+                drive.do("tap", row=promotion_row(drive)["index"])
+                self.assertEqual(drive.settings()["seen_tweaks"], [""] * (LONGEST_LIST + 1))
+                drive.do("push", pane=PREFIX)
+                drive.do("tap", row=5)
+                self.assertEqual(drive.settings()["selectedCountry"], "Canada")
+                self.assertNotIn(False, [event["ok"] for event in drive.events("write")])
 
     def test_a_cut_off_answer(self):
         self.fault("cut")

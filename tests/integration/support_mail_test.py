@@ -87,8 +87,8 @@ class SupportMail(unittest.TestCase):
         return information
 
     def test_the_mail_arrives_with_one_recipient_the_texts_and_the_settings(self):
-        settings = {"dialerMode": 2, "selectedPrefix": "#31#", "seen_tweaks": ["a", "b"], "real": 0.1}
-        self.store(settings)
+        settings = {"dialerMode": 2, "selectedPrefix": "#31#", "seen_tweaks": ["a", "b"], "customText": 0.1}
+        self.store(settings | {"password": "of another program", "customtext": "", "": 1})
         self.check(self.send(), settings)
         with open(os.path.join(self.folder, "mail.arguments"), encoding="utf-8") as file:
             self.assertEqual(file.read(), "-oi -t ")
@@ -117,7 +117,8 @@ class SupportMail(unittest.TestCase):
         drive.do("sheet", result="saved")
         drafts = glob.glob(os.path.join(self.root, "Drafts", "*.eml"))
         self.assertEqual(len(drafts), 1)
-        self.assertEqual(stat.S_IMODE(os.stat(os.path.dirname(drafts[0])).st_mode), 0o700)
+        self.assertEqual([stat.S_IMODE(os.stat(path).st_mode) for path in (os.path.dirname(drafts[0]), drafts[0])],
+                         [0o700, 0o600])
         with open(drafts[0], "rb") as file:
             message = email.message_from_binary_file(file, policy=email.policy.default)
         self.assertEqual(message["X-Unsent"], "1")

@@ -10,6 +10,18 @@ SERVER = pathlib.Path(__file__).resolve().parents[2] / "tools/standins/catalogue
 HOST = "tweaks.tallowbyte.example"
 
 
+def make_certificate(folder):
+    """A file in that folder with a certificate for the server's name, and its key."""
+    path = os.path.join(folder, "certificate.pem")
+    subprocess.run(
+        ["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes",
+         "-days", "2", "-subj", "/CN=" + HOST, "-addext", "subjectAltName=DNS:" + HOST,
+         "-keyout", path, "-out", path + ".public"], check=True, capture_output=True)
+    with open(path, "ab") as file, open(path + ".public", "rb") as public:
+        file.write(public.read())
+    return path
+
+
 class Catalogue:
     """The server as a process of its own, with tweaks that may change while it runs."""
 

@@ -15,10 +15,11 @@ def program() -> str:
 
 
 class Drive:
-    def __init__(self, *arguments: str, stderr=None):
+    def __init__(self, *arguments: str, stderr=None, command=(), environment=None):
+        """`command` goes before the program and its arguments."""
         self.process = subprocess.Popen(
-            [program(), "drive", *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=stderr,
-            text=True, bufsize=1
+            [*command, program(), "drive", *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=stderr,
+            text=True, bufsize=1, env=environment
         )
 
     def __enter__(self):

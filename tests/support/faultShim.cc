@@ -1,6 +1,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -14,6 +15,9 @@
 //   QUIETDIAL_FAULT_CALL   the number of the counted call that is hit, from 1
 //   QUIETDIAL_FAULT_ERROR  the error number that it fails with; without it the process is killed
 //                          right before the call
+//   QUIETDIAL_FAULT_WHILE  a file: as long as it exists, no file or folder can be made, for the
+//   reason
+//                          whose error number it holds
 
 namespace {
 
@@ -38,6 +42,20 @@ bool hit() {
   return true;
 }
 
+// True when nothing can be made now, with errno set.
+bool cannotMake() {
+  const char* path = std::getenv("QUIETDIAL_FAULT_WHILE");
+  std::FILE* file = path ? std::fopen(path, "re") : nullptr;
+  if (!file) {
+    return false;
+  }
+  int error = 0;
+  const bool hasError = std::fscanf(file, "%d", &error) == 1;
+  std::fclose(file);
+  errno = error;
+  return hasError;
+}
+
 template <class Function>
 Function* next(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -59,7 +77,6 @@ INTERPOSE(int, fstat, (int fd, struct stat* status), (fd, status))
 INTERPOSE(int, fchmod, (int fd, mode_t mode), (fd, mode))
 INTERPOSE(int, fchown, (int fd, uid_t user, gid_t group), (fd, user, group))
 INTERPOSE(int, flock, (int fd, int operation), (fd, operation))
-INTERPOSE(int, mkdir, (const char* path, mode_t mode), (path, mode))
 INTERPOSE(ssize_t, readlink, (const char* path, char* buffer, size_t size), (path, buffer, size))
 INTERPOSE(ssize_t, getrandom, (void* buffer, size_t size, unsigned flags), (buffer, size, flags))
 INTERPOSE(int, unlinkat, (int folder, const char* path, int flags), (folder, path, flags))
@@ -69,6 +86,10 @@ INTERPOSE(int, renameat2, (int from, const char* old, int to, const char* path, 
           (from, old, to, path, flags))
 INTERPOSE(int, linkat, (int from, const char* old, int to, const char* path, int flags),
           (from, old, to, path, flags))
+
+EXPORTED int mkdir(const char* path, mode_t mode) {
+  return hit() || cannotMake() ? -1 : next<int(const char*, mode_t)>("mkdir")(path, mode);
+}
 
 EXPORTED int open(const char* path, int flags, ...) {
   va_list list;
@@ -83,7 +104,10 @@ EXPORTED int openat(int folder, const char* path, int flags, ...) {
   va_start(list, flags);
   const auto mode = (flags & O_CREAT) != 0 ? va_arg(list, mode_t) : 0;
   va_end(list);
-  return hit() ? -1 : next<int(int, const char*, int, mode_t)>("openat")(folder, path, flags, mode);
+  if (hit() || ((flags & O_CREAT) != 0 && cannotMake())) {
+    return -1;
+  }
+  return next<int(int, const char*, int, mode_t)>("openat")(folder, path, flags, mode);
 }
 
 EXPORTED int fcntl(int fd, int command, ...) {

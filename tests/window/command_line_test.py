@@ -1,6 +1,7 @@
 """What the program answers to its arguments."""
 
 import os
+import subprocess
 import tempfile
 import unittest
 
@@ -33,7 +34,7 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(result.returncode, 0)
         for option in ("root", "bundle", "pane", "entry-badge", "size", "scale", "screenshot",
                        "tour", "renderer", "appearance", "text-size", "motion", "direction",
-                       "effects", "gif", "refresh-rate", "help", "version"):
+                       "effects", "gif", "refresh-rate", "allow-root", "help", "version"):
             self.assertIn("--" + option, result.stdout)
 
     def test_a_file_that_cannot_be_played_is_told_in_one_sentence(self):
@@ -49,6 +50,23 @@ class CommandLine(unittest.TestCase):
                                          QT_QPA_PLATFORM="offscreen")
                     self.assertEqual(result.returncode, 1)
                     self.assertEqual(result.stderr, f"quietdial-settings: {path} {reason}\n")
+
+    def test_root_is_turned_away_unless_it_says_that_it_knows(self):
+        with tempfile.TemporaryDirectory() as folder:
+            picture = os.path.join(folder, "picture.png")
+            command = [program.PROGRAM, "--root", os.path.join(folder, "root"), "--screenshot", picture]
+            if os.geteuid() != 0:
+                command = ["unshare", "--map-root-user", *command]
+                if subprocess.run([*command[:2], "true"], stderr=subprocess.DEVNULL, check=False).returncode != 0:
+                    self.skipTest("nobody can become root here")
+            result = subprocess.run(command, capture_output=True, text=True, check=False)
+            self.assertEqual((result.returncode, result.stdout), (1, ""))
+            self.assertEqual(result.stderr,
+                             "quietdial-settings: This is not meant for root; --allow-root goes on all the same.\n")
+            self.assertEqual(os.listdir(folder), [])
+            result = subprocess.run([*command, "--allow-root"], capture_output=True, text=True, check=False)
+            self.assertEqual((result.returncode, result.stderr), (0, ""))
+            self.assertTrue(os.path.exists(picture))
 
     def test_version_is_one_line(self):
         result = program.run("--version")

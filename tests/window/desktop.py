@@ -1,92 +1,40 @@
-"""A desktop of its own for a test: X server, process namespace, session bus and accessibility bus,
-without a window manager, and the Settings application in it."""
+"""A desktop of its own for a test: X server, processes, session bus and accessibility bus, without a
+window manager, and the Settings application in it."""
 
-import contextlib
 import os
 import struct
 import subprocess
 import sys
 import tempfile
-import time
 
 import program
 
-# Long enough for a machine that does many things at once; a wait ends as soon as it can.
-PATIENCE = 30
-
-
-def namespace():
-    """The command that runs another one in a process namespace of its own; empty where the machine
-    allows none."""
-    command = ["unshare", "--pid", "--fork", "--kill-child", "--mount-proc"]
-    if os.geteuid() != 0:
-        command.append("--map-root-user")
-    possible = subprocess.run([*command, "true"], stderr=subprocess.DEVNULL, check=False)
-    return command if possible.returncode == 0 else []
+sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+from waiting import PATIENCE, wait_for  # noqa: E402
+from x_server import x_server  # noqa: E402
 
 
 def in_own_desktop():
     """Starts the running test program again inside a desktop of its own, unless it is in one. A
-    change restarts the dialler, and that kills every process of its name: hence the namespace."""
+    change restarts the dialler, and that kills every process of its name: hence the isolation."""
     if os.environ.get("QUIETDIAL_TEST_DESKTOP"):
         return
-    isolation = namespace()
     with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as runtime, x_server(runtime) as display:
-        environment = dict(os.environ, QUIETDIAL_TEST_DESKTOP="isolated" if isolation else "open",
-                           XDG_RUNTIME_DIR=runtime, DISPLAY=display,
+        environment = dict(os.environ, QUIETDIAL_TEST_DESKTOP="1", XDG_RUNTIME_DIR=runtime, DISPLAY=display,
                            QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_QPA_PLATFORM="xcb")
-        status = subprocess.run([*isolation, "dbus-run-session", "--",
+        status = subprocess.run([sys.executable, "-B", os.environ["QUIETDIAL_ISOLATED"], "dbus-run-session", "--",
                                  sys.executable, "-B", "-W", "ignore", *sys.argv],
                                 env=environment, check=False).returncode
     sys.exit(status)
 
 
-@contextlib.contextmanager
-def x_server(folder):
-    """A virtual X server whose picture is a file in `folder`; gives its display's name. The server
-    takes the first display that is free, so that two that start at once never meet, and without
-    `-noreset` it would turn the next program away while it clears up after the last."""
-    reader, writer = os.pipe()
-    server = subprocess.Popen(["Xvfb", "-displayfd", str(writer), "-noreset", "-nolisten", "tcp",
-                               "-screen", "0", "800x1000x24", "-fbdir", folder],
-                              pass_fds=[writer], stderr=subprocess.DEVNULL)
-    os.close(writer)
-    try:
-        with open(reader, encoding="ascii") as answer:
-            number = answer.readline().strip()
-        if not number:
-            raise RuntimeError("the virtual X server did not start")
-        yield ":" + number
-    finally:
-        server.terminate()
-        server.wait(PATIENCE)
-
-
-def is_isolated():
-    """Whether a restart of the dialler reaches the processes of this desktop alone."""
-    return os.environ.get("QUIETDIAL_TEST_DESKTOP") == "isolated"
-
-
-def wait_for(condition, what):
-    """The first true answer of `condition`."""
-    end = time.monotonic() + PATIENCE
-    while True:
-        answer = condition()
-        if answer:
-            return answer
-        if time.monotonic() > end:
-            raise AssertionError("waited in vain for " + what)
-        time.sleep(0.02)
-
-
 class Application:
-    """The Settings application, seen through the accessibility bus. `environment` is added to this
-    process's own."""
+    """The Settings application, seen through the accessibility bus. `command` goes before the program
+    and its arguments; `environment` is added to this process's own."""
 
-    def __init__(self, root, *arguments, **environment):
+    def __init__(self, root, *arguments, command=(), **environment):
         self.root = root
-        effects = [] if is_isolated() else ["--effects", "none"]
-        self.process = subprocess.Popen([program.PROGRAM, "--root", root, *effects, *arguments],
+        self.process = subprocess.Popen([*command, *program.COMMAND, "--root", root, *arguments],
                                         env=dict(os.environ, **environment),
                                         stderr=subprocess.PIPE, text=True)
         self._application = wait_for(self._find, "the application on the accessibility bus")
@@ -199,6 +147,15 @@ class Posts:
 
     def wait_for(self, number):
         wait_for(lambda: self.count() >= number, f"{number} posts")
+
+    def flood(self, name, times):
+        """Posts that often under that name, as fast as the bus takes it."""
+        from gi.repository import GLib
+        for _ in range(times):
+            self._bus.emit_signal(None, "/me/orlanvey/quietdial/Notifications",
+                                  "me.orlanvey.quietdial.Notifications", "Posted",
+                                  GLib.Variant("(s)", (name,)))
+        self._bus.flush_sync()
 
 
 def screen(x, y, width, height):

@@ -4,6 +4,7 @@ import os
 import plistlib
 import re
 import shutil
+import subprocess
 import tempfile
 import unittest
 
@@ -120,6 +121,24 @@ class Pictures(unittest.TestCase):
         listed = self.take("--bundle", bundle)
         self.assertTrue(self.has_text(broken, 15, 100, 360, 200, PAGE))
         self.assertTrue(self.has_text(listed, 15, 80, 360, 122))
+
+    def test_code_of_a_device_root_is_run_for_a_bundle_of_its_own_alone_and_never_for_root(self):
+        root = os.path.join(self.folder, "root")
+        installed = os.path.join(root, "Library", "PreferenceBundles", "quietDialPreferences.bundle")
+        own = os.path.join(root, "Library", "PreferenceBundles", "Own.bundle")
+        for bundle, module in ((installed, "quietDialPreferences"), (own, "own")):
+            os.makedirs(bundle, mode=0o755)
+            module = os.path.join(bundle, module)
+            subprocess.run(["g++", "-x", "c++", "-", "-shared", "-fPIC", "-o", module], text=True, check=True,
+                           input="#include <cstdlib>\n__attribute__((constructor)) void end() { std::_Exit(77); }\n")
+            os.chmod(module, 0o755)
+        with open(os.path.join(own, "Entry.plist"), "wb") as file:
+            plistlib.dump({"label": "Own", "module": "own", "detail": "OwnController"}, file)
+        for pane, status in (("QDPreferencesListController", 0), ("OwnController", 0 if os.geteuid() == 0 else 77)):
+            with self.subTest(pane):
+                result = program.run("--root", root, "--pane", pane, "--screenshot",
+                                     os.path.join(self.folder, "picture.png"))
+                self.assertEqual(result.returncode, status, result.stderr)
 
     def test_entries_that_cannot_be_used_are_passed_over(self):
         bundles = os.path.join(self.folder, "root", "Library", "PreferenceBundles")

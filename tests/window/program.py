@@ -4,6 +4,9 @@ import os
 import subprocess
 
 PROGRAM = os.environ["QUIETDIAL_SETTINGS"]
+# What the tests start it with: they may be run by root, or in a namespace where everyone is.
+ALLOW_ROOT = ["--allow-root"] if os.geteuid() == 0 else []
+COMMAND = [PROGRAM, *ALLOW_ROOT]
 SETTINGS_FILE = "User/Library/Preferences/me.orlanvey.quietDial.plist"
 
 
@@ -12,5 +15,5 @@ def run(*arguments, timeout=60, **environment):
     variables = {name: value for name, value in os.environ.items()
                  if name not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
     variables.update(environment)
-    return subprocess.run([PROGRAM, *arguments], env=variables, timeout=timeout,
+    return subprocess.run([*COMMAND, *arguments], env=variables, timeout=timeout,
                           capture_output=True, text=True, check=False)

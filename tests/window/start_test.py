@@ -12,8 +12,9 @@ import standins
 
 class Start(unittest.TestCase):
     WINDOW = "quietdial-setti"  # the kernel keeps 15 characters
-    # The script, the window, the restarter and the dialler's two processes.
-    ALL = 5
+    # The script, the window, the restarter and the dialler's two processes, and three that show what the
+    # window says.
+    ALL = 8
 
     def setUp(self):
         folder = tempfile.TemporaryDirectory()
@@ -22,7 +23,7 @@ class Start(unittest.TestCase):
 
     def start(self, processes, **environment):
         """The started script once that many processes run, and their identifiers."""
-        script = standins.Dialler(os.environ["QUIETDIAL_START"], os.path.dirname(program.PROGRAM),
+        script = standins.Dialler(os.environ["QUIETDIAL_START"], os.path.dirname(program.PROGRAM), *program.ALLOW_ROOT,
                                   "--root", self.root, new_session=True, **environment)
         self.addCleanup(script.close)
         script.pids_with("none")

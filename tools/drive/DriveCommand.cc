@@ -34,6 +34,8 @@
 #include "linux/PosixProcessService.h"
 #include "linux/StandardErrorLog.h"
 #include "linux/SystemMail.h"
+#include "linux/UnsavedSettings.h"
+#include "linux/WatchedFiles.h"
 #include "platform/classes.h"
 #include "platform/foundation/CFNotificationCenter.h"
 #include "tools/drive/DriveSession.h"
@@ -140,10 +142,18 @@ Effects realEffects(const std::string& root) {
   };
 }
 
+UnsavedEvent eventFor(const std::vector<UnsavedSettings::Setting>& settings) {
+  UnsavedEvent event;
+  for (const auto& setting : settings) {
+    event.keys.push_back(setting.key);
+    event.reason = setting.reason.message();
+  }
+  return event;
+}
+
 // Pages are not drawn here: how high one is, its server may say.
 std::optional<double> heightOfPage(HTTPClient& web, const NSURLRequest& request) {
   constexpr double kUsualHeight = 480;
-  constexpr double kGreatestHeight = 1e6;
   HTTPLimits limits;
   limits.time = std::chrono::duration_cast<std::chrono::milliseconds>(
       std::chrono::duration<double>(request.timeoutInterval));
@@ -156,7 +166,7 @@ std::optional<double> heightOfPage(HTTPClient& web, const NSURLRequest& request)
   double height = 0;
   const bool isNumber =
       text && std::from_chars(text->data(), text->data() + text->size(), height).ec == std::errc{};
-  return isNumber && height >= 0 && height <= kGreatestHeight ? height : kUsualHeight;
+  return isNumber && height >= 0 ? height : kUsualHeight;
 }
 
 int serve(const Arguments& arguments, const std::string& root, std::istream& in, std::ostream& out,
@@ -166,6 +176,9 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto clock = std::make_shared<ManualClock>();
   const auto sheets = std::make_shared<RecordingSheets>(recorder);
   const auto displayRefresh = std::make_shared<ManualDisplayRefresh>();
+  const auto unsaved = std::make_shared<UnsavedSettings>();
+  unsaved->setChangedHook(
+      [&list = *unsaved, recorder] { recorder->record(eventFor(list.settings())); });
   const auto effects = arguments.effects == "real" ? realEffects(root) : Effects{};
   HostMap hosts;
   for (const auto& host : arguments.mappedHosts) {
@@ -174,8 +187,9 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   const auto web = std::make_shared<HTTPClient>(hosts, HTTPClient::Unmapped::kUnreachable);
   installServices({
       .clock = clock,
-      .files =
-          std::make_shared<RecordingFiles>(std::make_shared<DeviceFileService>(paths), recorder),
+      .files = std::make_shared<RecordingFiles>(
+          std::make_shared<WatchedFiles>(std::make_shared<DeviceFileService>(paths), unsaved),
+          recorder),
       .notifications = std::make_shared<RecordingNotifications>(recorder, effects.notifications),
       .processes = std::make_shared<RecordingProcesses>(recorder, effects.processes),
       .addresses = std::make_shared<RecordingAddresses>(
@@ -195,7 +209,7 @@ int serve(const Arguments& arguments, const std::string& root, std::istream& in,
   });
   registerClasses(platformClasses());
   const std::string modulePath = std::string(kBundlePath) + "/quietDialPreferences";
-  const BundleModule module(paths->forReading(modulePath).value_or(modulePath), kBundlePath);
+  const BundleModule module(*paths, modulePath);
   if (!module.bundle()) {
     err << "quietdial drive: " << module.error() << '\n';
     return 1;

@@ -49,6 +49,11 @@ struct EventWriter {
             {"settings", toJson(event.settings)},
             {"ok", event.ok}};
   }
+  Json operator()(const UnsavedEvent& event) const {
+    return {{"event", "unsaved"},
+            {"keys", event.keys},
+            {"reason", event.keys.empty() ? Json(nullptr) : Json(event.reason)}};
+  }
   Json operator()(const PostEvent& event) const {
     return {{"event", "post"}, {"centre", nameOf(event.call)}, {"name", event.name}};
   }

@@ -1,6 +1,7 @@
 #include "linux/DBusNotifications.h"
 
 #include <poll.h>
+#include <stdexcept>
 #include <stdlib.h>
 
 #include <gmock/gmock.h>
@@ -123,6 +124,35 @@ TEST(DBusNotifications, SignalsOfAnotherShapeAreIgnored) {
   for (const auto& name : member.names) {
     EXPECT_EQ(name, "last");
   }
+}
+
+TEST(DBusNotifications, WhatADeliveryThrowsEndsThatDeliveryAndNothingElse) {
+  PrivateBus bus;
+  Member poster;
+  ASSERT_TRUE(poster.join());
+  std::vector<std::string> heard;
+  DBusNotifications listener([&](const std::string& name) {
+    heard.push_back(name);
+    if (name == "bad") {
+      throw std::runtime_error("no room left");
+    }
+    if (name == "worse") {
+      throw 5;
+    }
+  });
+  PollHost host(listener);
+  ASSERT_TRUE(host.runUntil(
+      [&] { return listener.state() == DBusNotifications::State::kListening; }, kPatience));
+  for (const auto* name : {"bad", "worse", "good"}) {
+    poster.notifications.broadcast(kCall, name);
+  }
+  testing::internal::CaptureStderr();
+  ASSERT_NO_THROW(ASSERT_TRUE(host.runUntil([&] { return heard.size() == 3; }, kPatience)));
+  EXPECT_THAT(heard, ElementsAre("bad", "worse", "good"));
+  EXPECT_EQ(listener.state(), DBusNotifications::State::kListening);
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "quietdial: a notification was not delivered: no room left\n"
+            "quietdial: a notification was not delivered\n");
 }
 
 TEST(DBusNotifications, WithoutABusNotificationsStayInsideWhichIsSaidOnce) {

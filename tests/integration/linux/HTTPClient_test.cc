@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "linux/HTTPFetchService.h"
+#include "tests/integration/linux/HTTPClientTest.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -16,33 +17,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::seconds;
-
-constexpr const char* kList =
-    "http://tweaks.tallowbyte.example/tweaks/tweaks.php?id=me.orlanvey.quietdial&list=1";
-
-// The catalogue server with one tweak, and a client that reaches it and nothing else.
-class HTTPClientTest : public testing::Test {
- protected:
-  void serve(const std::string& tweak, const std::string& fault = "") {
-    const auto catalogue = folder_ / "catalogue.json";
-    writeBytes(catalogue, R"([{"id": ")" + tweak + R"("}])");
-    server_.emplace(std::vector<std::string>{QD_CATALOGUE_SERVER, "--catalogue", catalogue,
-                                             "--list-fault", fault});
-    const auto line = server_->readLine().value_or("");
-    const auto port = line.substr(line.rfind(':') + 1);
-    HostMap hosts;
-    ASSERT_TRUE(hosts.add("tweaks.tallowbyte.example=127.0.0.1:" + port)) << line;
-    client = std::make_shared<HTTPClient>(hosts, HTTPClient::Unmapped::kUnreachable);
-    otherClient = std::make_shared<HTTPClient>(hosts, HTTPClient::Unmapped::kUnreachable);
-  }
-
-  std::shared_ptr<HTTPClient> client;
-  std::shared_ptr<HTTPClient> otherClient;
-
- private:
-  TemporaryFolder folder_;
-  std::optional<ChildProcess> server_;
-};
 
 TEST_F(HTTPClientTest, AnAnswerHasItsStatusItsHeadersAndItsBody) {
   serve("a");
@@ -62,11 +36,21 @@ TEST_F(HTTPClientTest, AStatusOtherThan2xxIsAnAnswerButNoText) {
 }
 
 TEST_F(HTTPClientTest, ABodyOfTheGreatestSizeIsTakenAndOneByteMoreIsNot) {
-  constexpr std::size_t kMost = std::size_t{1} << 20;
+  const HTTPLimits limits{.bytes = 1000};
+  serve(std::string(limits.bytes, 'x'));
+  EXPECT_EQ(client->get(kList, limits)->body.size(), limits.bytes);
+  serve(std::string(limits.bytes + 1, 'x'));
+  EXPECT_EQ(client->get(kList, limits), std::nullopt);
+}
+
+TEST_F(HTTPClientTest, ATextIsAtMost64KiBLong) {
+  constexpr std::size_t kMost = std::size_t{64} << 10;
   serve(std::string(kMost, 'x'));
-  EXPECT_EQ(HTTPFetchService(client).stringWithContentsOfURL(kList)->size(), kMost);
+  const auto text = HTTPFetchService(client).stringWithContentsOfURL(kList);
+  ASSERT_TRUE(text);
+  EXPECT_EQ(text->size(), kMost);
   serve(std::string(kMost + 1, 'x'));
-  EXPECT_EQ(HTTPFetchService(client).stringWithContentsOfURL(kList), std::nullopt);
+  EXPECT_FALSE(HTTPFetchService(client).stringWithContentsOfURL(kList).has_value());
 }
 
 TEST_F(HTTPClientTest, AnAnswerThatTakesLongerThanItMayIsNone) {
@@ -129,6 +113,35 @@ TEST_F(HTTPClientTest, StoppingEndsWhatWaitsToBegin) {
   auto answer = std::async(std::launch::async, [&] { return client->get(kList); });
   client->stop();
   EXPECT_EQ(answer.get(), std::nullopt);
+}
+
+TEST_F(HTTPClientTest, ARedirectLeadsToNoOtherHost) {
+  TemporaryFolder folder;
+  const auto asked = folder / "asked";
+  ChildProcess other({QD_CATALOGUE_SERVER, "--log", asked});
+  const auto origin = other.readLine().value_or("");
+  const auto port = origin.substr(origin.rfind(':') + 1);
+  const std::string path = std::string(kList).substr(std::string(kList).find("/tweaks/"));
+  for (const auto& target :
+       {origin + path, "http://localhost:" + port + path, "//127.0.0.1:" + port + path}) {
+    serve("a", "away=" + target, HTTPClient::Unmapped::kLookedUp);
+    EXPECT_EQ(client->get(kList), std::nullopt) << target;
+  }
+  EXPECT_EQ(bytesOf(asked), "");
+  ASSERT_TRUE(client->get(origin + path)) << "the other host can be reached";
+  EXPECT_NE(bytesOf(asked), "");
+}
+
+TEST_F(HTTPClientTest, ARedirectWithinTheHostIsFollowedHoweverItIsWritten) {
+  const std::string path = "/tweaks/tweaks.php?id=me.orlanvey.quietdial";
+  for (const auto& target :
+       {"http://TWEAKS.Tallowbyte.example" + path, "http://tweaks.tallowbyte.example:8080" + path,
+        "//tweaks.tallowbyte.example" + path, path}) {
+    serve("a", "away=" + target);
+    const auto answer = client->get(kList);
+    ASSERT_TRUE(answer) << target;
+    EXPECT_THAT(answer->body, testing::StartsWith("<!DOCTYPE html>")) << target;
+  }
 }
 
 TEST_F(HTTPClientTest, OnlyAddressesOfHTTPAreAsked) {

@@ -4,10 +4,13 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <fcntl.h>
 
 #include <gtest/gtest.h>
 #include <sys/time.h>
 #include <sys/wait.h>
+
+#include "linux/FileDescriptor.h"
 
 namespace {
 
@@ -88,6 +91,20 @@ TEST(PosixProcessService, ANullEnvironmentIsEmpty) {
   EXPECT_EQ(status, 0);
   const std::vector<std::string> environment{"QUIETDIAL_GIVEN=2"};
   pid = started(processes, "[ \"$QUIETDIAL_GIVEN\" = 2 ]", &environment);
+  processes.waitpid(pid, status, kExited);
+  EXPECT_EQ(status, 0);
+}
+
+TEST(PosixProcessService, AProgramGetsTheFirstThreeDescriptorsAndNoMore) {
+  const FileDescriptor low(open("/dev/null", O_RDONLY));
+  const FileDescriptor high(fcntl(low.get(), F_DUPFD, 200));
+  PosixProcessService processes;
+  int status = -1;
+  const int pid = started(processes,
+                          "[ -e /proc/self/fd/0 ] && [ -e /proc/self/fd/1 ] &&"
+                          " [ -e /proc/self/fd/2 ] && [ ! -e /proc/self/fd/" +
+                              std::to_string(low.get()) + " ] && [ ! -e /proc/self/fd/" +
+                              std::to_string(high.get()) + " ]");
   processes.waitpid(pid, status, kExited);
   EXPECT_EQ(status, 0);
 }

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <map>
+#include <poll.h>
 #include <regex>
 #include <unistd.h>
 
@@ -72,12 +73,12 @@ class RealEffects : public PaneTest {
     return Report{parts[1], std::stoi(parts[2]), parts[3]};
   }
 
-  bool joinBus() {
-    return PollHost(*notifications_)
-        .runUntil(
-            [this] { return notifications_->state() == DBusNotifications::State::kListening; },
-            20s);
+  static bool join(DBusNotifications& notifications) {
+    return PollHost(notifications)
+        .runUntil([&] { return notifications.state() == DBusNotifications::State::kListening; },
+                  20s);
   }
+  bool joinBus() { return join(*notifications_); }
 
   void startDialler() {
     restarter_ = std::make_unique<ChildProcess>(std::vector<std::string>{
@@ -232,8 +233,7 @@ TEST_F(RealEffects, APostOfAnotherProcessAppliesTheSettings) {
   take();
   DBusNotifications other([](const std::string&) {});
   other.broadcast(NotificationCall::kCFNotificationCenter, kChanged);
-  PollHost otherHost(other);
-  otherHost.runUntil([&] { return other.state() == DBusNotifications::State::kListening; }, 20s);
+  ASSERT_TRUE(join(other));
   std::vector<Event> events;
   ASSERT_TRUE(PollHost(*notifications_)
                   .runUntil(
@@ -244,6 +244,36 @@ TEST_F(RealEffects, APostOfAnotherProcessAppliesTheSettings) {
                       },
                       20s));
   EXPECT_THAT(events, ElementsAreArray(appliedEvents(1)));
+}
+
+TEST_F(RealEffects, AFloodOfPostsOfAnotherProcessAppliesTheSettingsAtMostFiveTimesASecond) {
+  auto still = services();
+  still.clock = clock;
+  installServices(still);
+  static bool ended = false;
+  CFNotificationCenterAddObserver(
+      CFNotificationCenterGetDarwinNotifyCenter(), [] { ended = true; }, "the end",
+      CFNotificationSuspensionBehavior::kCoalesce);
+  const auto root = open<QDPreferencesListController>();
+  ASSERT_TRUE(joinBus());
+  take();
+  DBusNotifications other([](const std::string&) {});
+  ASSERT_TRUE(join(other));
+  constexpr int kPosts = 3000;
+  for (int post = 0; post < kPosts; ++post) {
+    other.broadcast(NotificationCall::kCFNotificationCenter, kChanged);
+  }
+  other.broadcast(NotificationCall::kCFNotificationCenter, "the end");
+  ASSERT_TRUE(
+      PollHost(other).runUntil([&] { return (other.wanted().events & POLLOUT) == 0; }, 20s));
+  ASSERT_TRUE(PollHost(*notifications_).runUntil([] { return ended; }, 20s));
+  EXPECT_THAT(take(), ElementsAreArray(appliedEvents(1)));
+  clock->advance(0.2);
+  settle();
+  EXPECT_THAT(take(), ElementsAreArray(appliedEvents(1)));
+  clock->advance(60);
+  settle();
+  EXPECT_THAT(take(), IsEmpty());
 }
 
 TEST_F(RealEffects, TheDiallerHearsThatTheSettingsAreInForce) {

@@ -27,8 +27,8 @@ class BrokenWrites : public testing::Test {
   fs::path folder() const { return root_ / "User/Library/Preferences"; }
 
   // Runs the writer for one generation with the fault set. Its exit status, or -1 when it was
-  // killed.
-  int writeWithFault(int generation, int call, int error) const {
+  // killed; what it printed last is in said_.
+  int writeWithFault(int generation, int call, int error) {
     const auto number = std::to_string(generation);
     std::vector<std::string> command{"env", "LD_PRELOAD=" QD_SHIM,
                                      "QUIETDIAL_FAULT_CALL=" + std::to_string(call)};
@@ -37,7 +37,9 @@ class BrokenWrites : public testing::Test {
     }
     command.insert(command.end(), {QD_WRITER, root_.path().string(), number, number});
     ChildProcess writer(command);
-    while (writer.readLine()) {
+    said_.clear();
+    while (const auto line = writer.readLine()) {
+      said_ = *line;
     }
     const int status = writer.end(0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -71,7 +73,16 @@ class BrokenWrites : public testing::Test {
         std::distance(fs::directory_iterator(folder()), fs::directory_iterator()));
   }
 
+  // Lets every user come as far as the settings' folder.
+  void openToOthers() const {
+    chmod(root_.path().c_str(), 0755);
+    for (const auto* path : {"User", "User/Library", "User/Library/Preferences"}) {
+      chmod((root_ / path).c_str(), 0755);
+    }
+  }
+
   TemporaryFolder root_;
+  std::string said_;
   DeviceFileService files_{std::make_shared<DevicePaths>(root_.path(), "/nowhere")};
 };
 
@@ -131,7 +142,10 @@ TEST_F(BrokenWrites, AnErrorOfAnyCallLeavesTheOldOrTheNewFileAndNothingElse) {
       EXPECT_EQ(generation(), result == 0 ? 2 : 1) << call << " " << error;
       EXPECT_EQ(fs::status(folder() / "s.plist").permissions(), permissions)
           << call << " " << error;
-      failures += result == 3 ? 1 : 0;
+      if (result == 3) {
+        EXPECT_EQ(said_, "failed " + std::to_string(error)) << call;
+        ++failures;
+      }
       ASSERT_TRUE(write(3));
       for (const auto& entry : fs::directory_iterator(folder())) {
         EXPECT_NE(entry.path().extension(), ".tmp") << call << " " << error;
@@ -196,7 +210,7 @@ TEST_F(BrokenWrites, AFullDiskLeavesTheOldFileAndNothingElse) {
     }
     fs::resize_file(ballast, fs::file_size(ballast) / page * page - freePages * page);
     PropertyListDictionary large{{"text", std::string(3 * page, 'y')}};
-    EXPECT_FALSE(files_.writeToFileAtomically(large, kPath)) << freePages;
+    EXPECT_EQ(files_.replaceFile(large, kPath), std::errc::no_space_on_device) << freePages;
     EXPECT_EQ(generation(), 1) << freePages;
     EXPECT_EQ(filesInFolder(), 2U) << freePages;
     EXPECT_EQ(write(2), freePages > 0);
@@ -206,16 +220,35 @@ TEST_F(BrokenWrites, AFullDiskLeavesTheOldFileAndNothingElse) {
   EXPECT_EQ(umount(disk.c_str()), 0);
 }
 
+TEST_F(BrokenWrites, AReadOnlyFileSystemKeepsItsFileAndSaysWhatItIs) {
+  if (geteuid() != 0) {
+    GTEST_SKIP() << "only root may mount a disk";
+  }
+  const auto disk = root_ / "User";
+  fs::create_directories(disk);
+  ASSERT_EQ(mount("tmpfs", disk.c_str(), "tmpfs", 0, "size=256k"), 0) << std::strerror(errno);
+  ASSERT_TRUE(write(1));
+  ASSERT_EQ(mount(nullptr, disk.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+  EXPECT_EQ(files_.replaceFile({{"a", 1}}, kPath), std::errc::read_only_file_system);
+  EXPECT_EQ(generation(), 1);
+  EXPECT_EQ(filesInFolder(), 1U);
+  EXPECT_EQ(umount(disk.c_str()), 0);
+}
+
 TEST_F(BrokenWrites, AReadOnlyFolderOfAnotherUserKeepsItsFile) {
   if (geteuid() != 0) {
     GTEST_SKIP() << "needs root to become another user";
   }
   ASSERT_TRUE(write(1));
-  chmod(root_.path().c_str(), 0755);
+  openToOthers();
+  chmod((folder() / "s.plist").c_str(), 0644);
   const pid_t other = fork();
   if (other == 0) {
     const bool dropped = setgid(65534) == 0 && setuid(65534) == 0;
-    _exit(dropped && generation() == 1 && !write(2) ? 0 : 1);
+    _exit(dropped && generation() == 1 &&
+                  files_.replaceFile({{"a", 1}}, kPath) == std::errc::permission_denied
+              ? 0
+              : 1);
   }
   int status = -1;
   waitpid(other, &status, 0);
@@ -229,9 +262,9 @@ TEST_F(BrokenWrites, AFileThatMayNotBeReadIsKeptBeforeItIsReplaced) {
     GTEST_SKIP() << "needs root to become another user";
   }
   ASSERT_TRUE(write(1));
+  openToOthers();
   chmod((folder() / "s.plist").c_str(), 0600);
   chmod(folder().c_str(), 0777);
-  chmod(root_.path().c_str(), 0755);
   const auto before = bytesOf(folder() / "s.plist");
   const pid_t other = fork();
   if (other == 0) {

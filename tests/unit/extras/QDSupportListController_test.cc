@@ -24,8 +24,10 @@ class SupportPaneTest : public PaneTest {
         {"items",
          PropertyListArray{PropertyListDictionary{
              {"cell", "PSButtonCell"}, {"label", "Write"}, {"action", "sendSupportEmail"}}}}};
-    files->dictionaries[bundleFile("Info.plist")] = {{"CFBundleName", "QuietDial"},
-                                                     {"CFBundleShortVersionString", "1.0.0"}};
+    files->dictionaries[bundleFile("Info.plist")] = {
+        {"CFBundleName", "QuietDial"},
+        {"CFBundleShortVersionString", "1.0.0"},
+        {"TBSupportPreferenceKeys", PropertyListArray{"customPrefix"}}};
   }
 
   static void tap(QDSupportListController& pane) { pane.selectSpecifier(pane.specifierAtIndex(0)); }
@@ -79,6 +81,7 @@ TEST_F(SupportPaneTest, TheMailIsPresentedByTheNavigationControllerAroundThePane
 
 TEST_F(SupportPaneTest, TheAttachmentIsMadeFromTheSettingsFile) {
   store("customPrefix", "*31#");
+  store("another", "of someone else");
   tap(*open<QDSupportListController>());
   EXPECT_EQ(files->lastSerialized.at("Settings"),
             PropertyListValue(PropertyListDictionary{{"customPrefix", "*31#"}}));

@@ -1,17 +1,26 @@
 #include "linux/DesktopAddressOpener.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include "linux/FileDescriptor.h"
+#include "linux/StartEnvironment.h"
+#include "linux/desktopProgram.h"
+#include "linux/findProgram.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace {
+
+using testing::HasSubstr;
+using testing::Not;
 
 // A desktop whose programs are scripts of the test.
 class Desktop : public testing::Test {
@@ -64,6 +73,61 @@ TEST_F(Desktop, AnAddressIsOneArgumentAndNoShellCommand) {
   const std::string url = "known:$(touch%20x);`id`'\"&a=1";
   opener_.open(url);
   EXPECT_EQ(bytesOf(folder_ / "opened"), "1|" + url);  // waits for the program
+}
+
+TEST_F(Desktop, AProgramHasTheEnvironmentOfThisProgramsStart) {
+  ::setenv("DESKTOP_STARTUP_ID", "an-id_TIME0", 1);
+  ::setenv("XDG_ACTIVATION_TOKEN", "a-token", 1);
+  ::setenv("QUIETDIAL_KEPT", "a=b", 1);
+  StartEnvironment::shared();
+  ::setenv("QUIETDIAL_LATER", "1", 1);
+  ::setenv("QUIETDIAL_KEPT", "c", 1);
+  ASSERT_EQ(mkfifo((folder_ / "opened").c_str(), 0600), 0);
+  program("xdg-open", "env >\"$DESKTOP/opened\"\n");
+  opener_.open("known:x");
+  const auto environment = "\n" + bytesOf(folder_ / "opened");
+  EXPECT_THAT(environment, HasSubstr("\nQUIETDIAL_KEPT=a=b\n"));
+  EXPECT_THAT(environment, HasSubstr("\nDESKTOP=" + folder_.path().string() + "\n"));
+  EXPECT_THAT(environment, Not(HasSubstr("QUIETDIAL_LATER")));
+  EXPECT_THAT(environment, Not(HasSubstr("DESKTOP_STARTUP_ID")));
+  EXPECT_THAT(environment, Not(HasSubstr("XDG_ACTIVATION_TOKEN")));
+}
+
+TEST_F(Desktop, AProgramGetsNothingThatIsOpenHereAndDiesOfABrokenPipe) {
+  const FileDescriptor low(open("/dev/null", O_RDONLY));
+  const FileDescriptor high(fcntl(low.get(), F_DUPFD, 200));
+  std::signal(SIGPIPE, SIG_IGN);
+  ASSERT_EQ(mkfifo((folder_ / "opened").c_str(), 0600), 0);
+  program("xdg-open",
+          "exec >\"$DESKTOP/opened\"\n"
+          "sh -c 'for number in $(seq 0 255); do"
+          " [ -e /proc/self/fd/$number ] && echo $number; done'\n"
+          "kill -PIPE $$\n"
+          "echo survived\n");
+  opener_.open("known:x");
+  EXPECT_EQ(bytesOf(folder_ / "opened"), "0\n1\n2\n");
+}
+
+TEST_F(Desktop, ProgramsAreLookedUpInAbsoluteFoldersAlone) {
+  program("xdg-open", "touch \"$DESKTOP/started\"\n");
+  std::filesystem::current_path(folder_.path());
+  const auto name = folder_.path().filename().string();
+  ::setenv("PATH", (":.::../" + name + ":./:").c_str(), 1);
+  EXPECT_EQ(findProgram("xdg-open"), std::nullopt);
+  EXPECT_FALSE(opener_.canOpen("known:x"));
+  EXPECT_FALSE(startDesktopProgram({"xdg-open"}));
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "asked"));
+}
+
+TEST_F(Desktop, AProgramIsWhatLiesFirstInThePathAndCanBeRun) {
+  std::filesystem::create_directories(folder_ / "a/tool");
+  writeBytes(folder_ / "b/tool", "#!/bin/sh\n");
+  program("c/tool", "");
+  program("d/tool", "");
+  const auto in = [this](const char* name) { return (folder_ / name).string(); };
+  ::setenv("PATH", ("relative:" + in("a") + ":" + in("b")).c_str(), 1);
+  EXPECT_EQ(findProgram("tool"), std::nullopt);
+  EXPECT_EQ(findProgram("tool", "c:" + in("c") + ":" + in("d")), in("c/tool"));
 }
 
 TEST_F(Desktop, AnEndlessAnswerIsCutShort) {

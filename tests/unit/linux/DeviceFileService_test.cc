@@ -85,13 +85,23 @@ TEST_F(DeviceFiles, AFileOfAnotherRootReadsAsNothing) {
   }
 }
 
-TEST_F(DeviceFiles, ANewFileTakesTheUsersMask) {
-  umask(027);
+TEST_F(DeviceFiles, ANewFileAndItsFoldersAreTheUsersAlone) {
+  umask(0);
   ASSERT_TRUE(write({{"a", 1}}));
-  EXPECT_EQ(modeOf(host_), 0640);
+  EXPECT_EQ(modeOf(host_), 0600);
+  for (const auto* folder : {"User", "User/Library", "User/Library/Preferences"}) {
+    EXPECT_EQ(modeOf(root_ / folder), 0700) << folder;
+  }
 }
 
-TEST_F(DeviceFiles, ModeIsKept) {
+TEST_F(DeviceFiles, FoldersThatAreThereStayAsTheyAre) {
+  fs::create_directories(host_.parent_path());
+  chmod(host_.parent_path().c_str(), 0755);
+  ASSERT_TRUE(write({{"a", 1}}));
+  EXPECT_EQ(modeOf(host_.parent_path()), 0755);
+}
+
+TEST_F(DeviceFiles, TheModeThatAUserGaveIsKept) {
   writeBytes(host_, *bytesFromPropertyList(ownSettings()));
   for (const mode_t mode : {0640, 0600, 0666, 0444, 0400}) {
     chmod(host_.c_str(), mode);
@@ -230,4 +240,27 @@ TEST_F(DeviceFiles, InstalledFilesAreReadAndNeverWritten) {
   EXPECT_EQ(bytesOf(root_ / "installed/a.plist"), "<plist><dict/></plist>");
   EXPECT_EQ(files_.dictionaryWithContentsOfFile("/Library/a.plist"),
             (PropertyListDictionary{{"a", 1}}));
+}
+
+TEST_F(DeviceFiles, AFailedWriteSaysWhy) {
+  const auto replace = [this](const PropertyListDictionary& dictionary, const char* path) {
+    return files_.replaceFile(dictionary, path);
+  };
+  EXPECT_EQ(replace({{"a", 1}}, kPath), std::error_code());
+  EXPECT_EQ(replace({}, "/etc/settings.plist"), std::errc::invalid_argument);
+  EXPECT_EQ(replace({{"a", std::string(17U << 20, 'x')}}, kPath), std::errc::file_too_large);
+
+  const auto at = [this](const char* name) { return host_.parent_path() / name; };
+  fs::create_directory(at("folder.plist"));
+  EXPECT_EQ(replace({}, "/User/Library/Preferences/folder.plist"), std::errc::is_a_directory);
+  ASSERT_EQ(mkfifo(at("pipe.plist").c_str(), 0600), 0);
+  EXPECT_EQ(replace({}, "/User/Library/Preferences/pipe.plist"), std::errc::not_supported);
+  fs::create_symlink("loop.plist", at("loop.plist"));
+  EXPECT_EQ(replace({}, "/User/Library/Preferences/loop.plist"),
+            std::errc::too_many_symbolic_link_levels);
+  EXPECT_EQ(replace({}, "/User/Library/Preferences/settings.plist/a.plist"),
+            std::errc::not_a_directory);
+  writeBytes(at("large.plist"), "");
+  fs::resize_file(at("large.plist"), (16U << 20) + 1);
+  EXPECT_EQ(replace({}, "/User/Library/Preferences/large.plist"), std::errc::file_too_large);
 }

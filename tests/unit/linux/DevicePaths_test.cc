@@ -1,10 +1,19 @@
 #include "linux/DevicePaths.h"
 
 #include <cstdlib>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+constexpr uid_t kRoot = 0;
+constexpr uid_t kUser = 1000;
+
+}  // namespace
 
 TEST(DevicePaths, UserFilesLieBelowTheRoot) {
   const DevicePaths paths("/data", "/installed/Library");
@@ -36,6 +45,58 @@ TEST(DevicePaths, ABundleThatIsGivenStandsAloneForTheOneOfItsName) {
   EXPECT_EQ(paths.forReading(bundles + "a.bundle/../file"), std::nullopt);
 }
 
+TEST(DevicePaths, AModuleIsTheInstalledOneWhereABundleOfItsNameIsInstalled) {
+  const TemporaryFolder folder;
+  const std::string bundles = "/Library/PreferenceBundles/";
+  for (const auto* name : {"root", "installed"}) {
+    writeBytes(folder / (name + bundles + "a.bundle/module"), name);
+  }
+  writeBytes(folder / ("root" + bundles + "a.bundle/other"), "");
+  writeBytes(folder / ("root" + bundles + "b.bundle/module"), "");
+  const auto root = (folder / "root").string();
+  const auto library = (folder / "installed/Library").string();
+  const DevicePaths paths(root, library);
+  EXPECT_EQ(paths.forReading(bundles + "a.bundle/module"), root + bundles + "a.bundle/module");
+  for (const uid_t user : {kUser, kRoot}) {
+    EXPECT_EQ(paths.forModule(bundles + "a.bundle/module", user),
+              library + "/PreferenceBundles/a.bundle/module");
+    EXPECT_EQ(paths.forModule(bundles + "a.bundle/other", user),
+              library + "/PreferenceBundles/a.bundle/other")
+        << "whatever the installed bundle has of that name";
+  }
+  EXPECT_EQ(paths.forModule(bundles + "b.bundle/module", kUser),
+            root + bundles + "b.bundle/module");
+  EXPECT_EQ(paths.forModule(bundles + "b.bundle/module", kRoot), std::nullopt);
+  for (const auto& path : {bundles + "a.bundle", bundles + "a.bundle/../module", bundles,
+                           std::string("/Library/module"), std::string("/User/module")}) {
+    EXPECT_EQ(paths.forModule(path, kUser), std::nullopt) << path;
+  }
+}
+
+TEST(DevicePaths, AModuleOfAGivenBundleIsTheBundlesOwn) {
+  const TemporaryFolder folder;
+  const std::string bundles = "/Library/PreferenceBundles/";
+  const auto root = (folder / "root").string();
+  for (const auto& place : {root + bundles, (folder / "installed" / bundles.substr(1)).string(),
+                            (folder / "given/").string()}) {
+    writeBytes(place + "a.bundle/module", place);
+  }
+  const auto library = (folder / "installed/Library").string();
+  const auto given = (folder / "given/a.bundle").string();
+  for (const uid_t user : {kUser, kRoot}) {
+    EXPECT_EQ(DevicePaths(root, library, given).forModule(bundles + "a.bundle/module", user),
+              given + "/module");
+  }
+  // In the device root all the same, by whatever name.
+  std::filesystem::create_directory_symlink(root + bundles + "a.bundle", folder / "link.bundle");
+  for (const auto& [bundle, name] : {std::pair(root + bundles + "a.bundle", "a.bundle"),
+                                     {(folder / "link.bundle").string(), "link.bundle"}}) {
+    const DevicePaths paths(root, library, bundle);
+    EXPECT_EQ(paths.forModule(bundles + name + "/module", kUser), bundle + "/module");
+    EXPECT_EQ(paths.forModule(bundles + name + "/module", kRoot), std::nullopt);
+  }
+}
+
 TEST(DevicePaths, NothingElseIsOfTheDevice) {
   const DevicePaths paths("/data", "/installed/Library");
   for (const std::string path :
@@ -56,6 +117,17 @@ TEST(DevicePaths, TheDefaultRootFollowsTheDesktopsVariables) {
   EXPECT_EQ(DevicePaths::defaultRoot(), "/home/someone/.local/share/quietdial");
   unsetenv("XDG_DATA_HOME");
   EXPECT_EQ(DevicePaths::defaultRoot(), "/home/someone/.local/share/quietdial");
+}
+
+TEST(DevicePaths, WithoutAHomeInTheEnvironmentTheAccountsIsTaken) {
+  const passwd* const account = getpwuid(getuid());
+  ASSERT_TRUE(account);
+  unsetenv("XDG_DATA_HOME");
+  const std::string expected = std::string(account->pw_dir) + "/.local/share/quietdial";
+  unsetenv("HOME");
+  EXPECT_EQ(DevicePaths::defaultRoot(), expected);
+  setenv("HOME", "relative", 1);
+  EXPECT_EQ(DevicePaths::defaultRoot(), expected);
 }
 
 TEST(DevicePaths, ARelativeRootIsTakenFromTheWorkingFolder) {

@@ -1,7 +1,11 @@
 #include "linux/SystemMail.h"
 
+#include <array>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -56,6 +60,23 @@ class Machine : public testing::Test {
   }
 
   std::string drafts() const { return (folder_ / "drafts").string(); }
+
+  static mode_t modeOf(const std::filesystem::path& path) {
+    struct stat status {};
+    EXPECT_EQ(lstat(path.c_str(), &status), 0) << path;
+    return status.st_mode & 07777;
+  }
+
+  // Whoever runs the tests becomes one whom the system does not know.
+  void becomeUnknown() {
+    constexpr uid_t kNobodyKnown = 4'000'123;
+    ASSERT_EQ(getpwuid(kNobodyKnown), nullptr);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.path())) {
+      ASSERT_EQ(chown(entry.path().c_str(), kNobodyKnown, kNobodyKnown), 0);
+    }
+    ASSERT_EQ(chown(folder_.path().c_str(), kNobodyKnown, kNobodyKnown), 0);
+    ASSERT_EQ(setresuid(kNobodyKnown, kNobodyKnown, kNobodyKnown), 0);
+  }
 
   TemporaryFolder folder_;
   MailMessage message_;
@@ -142,8 +163,59 @@ TEST_F(Machine, WithoutASendmailCommandTheMailProgramTakesTheMail) {
             "--utf8\n--attach\n" + file +
                 "\nmailto:a@b.example?subject=S%C3%BCb%20%26%20ject&body=%0D%0A%0D%0ALine\n");
   EXPECT_EQ(bytesOf(folder_ / "attached"), std::string("h\0", 2));
-  EXPECT_EQ(std::filesystem::status(folder_ / "cache/quietdial/mail").permissions(),
-            std::filesystem::perms::owner_all);
+}
+
+TEST_F(Machine, AttachmentsAreTheUsersAlone) {
+  if (hasOwnSendmail()) {
+    GTEST_SKIP() << "this machine has a sendmail command";
+  }
+  umask(0);
+  addMailProgram();
+  ASSERT_TRUE(SystemMail(drafts()).send(message_));
+  for (const auto* folder : {"cache", "cache/quietdial", "cache/quietdial/mail"}) {
+    EXPECT_EQ(modeOf(folder_ / folder), 0700) << folder;
+  }
+  const auto file = folder_ / "cache/quietdial/mail/Information.plist";
+  EXPECT_EQ(modeOf(file), 0600);
+  chmod(file.c_str(), 0640);
+  ASSERT_TRUE(SystemMail(drafts()).send(message_));
+  EXPECT_EQ(modeOf(file), 0640) << "as the user made it";
+}
+
+TEST_F(Machine, AttachmentsFollowNoLink) {
+  if (hasOwnSendmail()) {
+    GTEST_SKIP() << "this machine has a sendmail command";
+  }
+  addMailProgram();
+  const auto outside = folder_ / "outside";
+  std::filesystem::create_directories(outside);
+  for (const auto* link : {"cache/quietdial", "cache/quietdial/mail"}) {
+    std::filesystem::remove_all(folder_ / "cache");
+    std::filesystem::create_directories((folder_ / link).parent_path());
+    std::filesystem::create_directory_symlink(outside, folder_ / link);
+    EXPECT_FALSE(SystemMail(drafts()).send(message_)) << link;
+  }
+  std::filesystem::remove_all(folder_ / "cache");
+  std::filesystem::create_directories(folder_ / "cache/quietdial/mail");
+  std::filesystem::create_symlink(outside / "file",
+                                  folder_ / "cache/quietdial/mail/Information.plist");
+  EXPECT_FALSE(SystemMail(drafts()).send(message_));
+  EXPECT_TRUE(std::filesystem::is_empty(outside));
+}
+
+TEST_F(Machine, WithoutAHomeFolderTheMailProgramGetsNoMail) {
+  if (hasOwnSendmail()) {
+    GTEST_SKIP() << "this machine has a sendmail command";
+  }
+  if (geteuid() != 0) {
+    GTEST_SKIP() << "everyone who may run this has an account";
+  }
+  addMailProgram();
+  ::unsetenv("XDG_CACHE_HOME");
+  ::unsetenv("HOME");
+  becomeUnknown();
+  EXPECT_FALSE(SystemMail(drafts()).send(message_));
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "handed"));
 }
 
 TEST_F(Machine, AMailProgramThatCannotBeStartedHasNotTakenTheMail) {
@@ -177,12 +249,55 @@ TEST_F(Machine, ADraftIsAMessageFileOfTheUsersOwn) {
   EXPECT_TRUE(first->starts_with(drafts() + "/Mail "));
   EXPECT_THAT(*first, EndsWith(".eml"));
   EXPECT_THAT(bytesOf(*first), HasSubstr("X-Unsent: 1\r\n"));
-  EXPECT_EQ(std::filesystem::status(drafts()).permissions(), std::filesystem::perms::owner_all);
+}
+
+TEST_F(Machine, DraftsAndTheirFolderAreTheUsersAlone) {
+  umask(0);
+  const auto path = SystemMail((folder_ / "root/drafts").string()).saveDraft(message_);
+  ASSERT_TRUE(path);
+  EXPECT_EQ(modeOf(*path), 0600);
+  EXPECT_EQ(modeOf(folder_ / "root/drafts"), 0700);
+  EXPECT_EQ(modeOf(folder_ / "root"), 0700);
+}
+
+TEST_F(Machine, ADraftFollowsNoLink) {
+  const auto outside = folder_ / "outside";
+  std::filesystem::create_directories(outside);
+  chmod(outside.c_str(), 0755);
+  std::filesystem::create_directory_symlink(outside, folder_ / "drafts");
+  EXPECT_EQ(SystemMail(drafts()).saveDraft(message_), std::nullopt);
+  EXPECT_EQ(modeOf(outside), 0755);
+  std::filesystem::remove(folder_ / "drafts");
+  std::filesystem::create_directories(folder_ / "drafts");
+  // Whatever the name of the next minutes' draft will be, a link has it.
+  for (int second = 0; second < 600; ++second) {
+    const std::time_t when = std::time(nullptr) + second;
+    std::tm parts{};
+    localtime_r(&when, &parts);
+    std::array<char, 64> name{};
+    std::strftime(name.data(), name.size(), "Mail %Y-%m-%d %H.%M.%S.eml", &parts);
+    std::filesystem::create_symlink(outside / "file", folder_ / "drafts" / name.data());
+  }
+  const auto path = SystemMail(drafts()).saveDraft(message_);
+  ASSERT_TRUE(path);
+  EXPECT_THAT(*path, EndsWith(" (2).eml"));
+  EXPECT_TRUE(std::filesystem::is_empty(outside));
+}
+
+TEST_F(Machine, AFolderOfSomeoneElseTakesNoDraft) {
+  if (geteuid() != 0) {
+    GTEST_SKIP() << "only root may give files away";
+  }
+  std::filesystem::create_directories(folder_ / "drafts");
+  ASSERT_EQ(chown(drafts().c_str(), 1234, 1234), 0);
+  EXPECT_EQ(SystemMail(drafts()).saveDraft(message_), std::nullopt);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_ / "drafts"));
 }
 
 TEST_F(Machine, ADraftThatCannotBeWrittenIsNone) {
   writeBytes(folder_ / "drafts", "a file where the folder should be");
   EXPECT_EQ(SystemMail(drafts()).saveDraft(message_), std::nullopt);
+  EXPECT_EQ(SystemMail("drafts").saveDraft(message_), std::nullopt) << "wherever one happens to be";
   message_.recipients.clear();
   EXPECT_EQ(SystemMail((folder_ / "other").string()).saveDraft(message_), std::nullopt);
 }

@@ -33,16 +33,25 @@ TEST_F(SupportInfoTest, WhatThePackageDoesNotTellIsLeftOutOfTheSubject) {
 TEST_F(SupportInfoTest, TheAttachmentHoldsPackageDeviceAndSettingsAndNothingElse) {
   package() = {{"CFBundleIdentifier", kPackage},
                {"CFBundleName", "QuietDial"},
-               {"CFBundleShortVersionString", "1.2"}};
+               {"CFBundleShortVersionString", "1.2"},
+               {"TBSupportPreferenceKeys", PropertyListArray{"dialerMode", "absent", 7, "list"}}};
   store("dialerMode", 2);
-  store("foreign", PropertyListArray{1, "a"});
+  store("list", PropertyListArray{1, "a"});
+  store("dialerModeX", "of someone else");
+  store("7", "of someone else");
   EXPECT_EQ(info()->supportAttachmentDataForPreferencePath(kSettings).size(), 2U);
   const PropertyListDictionary expected{
       {"Package",
        PropertyListDictionary{{"Identifier", kPackage}, {"Name", "QuietDial"}, {"Version", "1.2"}}},
       {"Device", PropertyListDictionary{{"System", "Stand-in"}, {"SystemVersion", "1"}}},
-      {"Settings", files->dictionaries[kSettings]}};
+      {"Settings", PropertyListDictionary{{"dialerMode", 2}, {"list", PropertyListArray{1, "a"}}}}};
   EXPECT_EQ(files->lastSerialized, expected);
+}
+
+TEST_F(SupportInfoTest, APackageThatNamesNoKeysTellsNoSettings) {
+  store("dialerMode", 2);
+  info()->supportAttachmentDataForPreferencePath(kSettings);
+  EXPECT_EQ(files->lastSerialized.at("Settings"), PropertyListValue(PropertyListDictionary{}));
 }
 
 TEST_F(SupportInfoTest, WithoutASettingsFileTheRestIsTold) {
@@ -62,6 +71,8 @@ class NarrowFiles : public MemoryFiles {
 
 TEST_F(SupportInfoTest, SettingsThatNoFileCanHoldAreLeftOut) {
   const auto narrow = std::make_shared<NarrowFiles>();
+  narrow->dictionaries[bundleFile("Info.plist")] = {
+      {"TBSupportPreferenceKeys", PropertyListArray{"a"}}};
   narrow->dictionaries[kSettings] = {{"a", 1}};
   auto changed = services();
   changed.files = narrow;

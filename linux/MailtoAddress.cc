@@ -1,0 +1,134 @@
+#include "linux/MailtoAddress.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "linux/MailMessageWriter.h"
+#include "linux/lowered.h"
+
+namespace {
+
+constexpr std::string_view kScheme = "mailto:";
+
+std::string percentEncoded(std::string_view text) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  constexpr std::string_view kUnreserved =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
+  std::string result;
+  for (const char letter : text) {
+    if (kUnreserved.find(letter) != std::string_view::npos) {
+      result += letter;
+      continue;
+    }
+    const auto byte = static_cast<unsigned char>(letter);
+    result += {'%', kDigits[byte >> 4U], kDigits[byte & 15U]};
+  }
+  return result;
+}
+
+// Nothing where a "%" is not followed by two hexadecimal digits.
+std::optional<std::string> percentDecoded(std::string_view text) {
+  constexpr int kHexadecimal = 16;
+  std::string result;
+  while (!text.empty()) {
+    if (text.front() != '%') {
+      result += text.front();
+      text.remove_prefix(1);
+      continue;
+    }
+    const auto digits = text.substr(1, 2);
+    unsigned char byte = 0;
+    const auto* const end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, byte, kHexadecimal);
+    if (digits.size() != 2 || read.ec != std::errc{} || read.ptr != end) {
+      return std::nullopt;
+    }
+    result += static_cast<char>(byte);
+    text.remove_prefix(3);
+  }
+  return result;
+}
+
+std::string withoutControls(std::string text, bool keepsLines) {
+  std::ranges::replace_if(
+      text,
+      [&](char letter) {
+        const auto byte = static_cast<unsigned char>(letter);
+        return (byte < ' ' && !(keepsLines && letter == '\n')) || byte == 0x7F;
+      },
+      ' ');
+  return text;
+}
+
+// Lines end in a line feed.
+std::string withLineFeeds(std::string_view text) {
+  std::string result;
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const bool isReturn = text[index] == '\r';
+    if (!isReturn || !text.substr(index + 1).starts_with('\n')) {
+      result += isReturn ? '\n' : text[index];
+    }
+  }
+  return result;
+}
+
+// What comes before the separator, which is taken off with it.
+std::string_view takeUntil(char separator, std::string_view& text) {
+  const auto length = std::min(text.find(separator), text.size());
+  const auto part = text.substr(0, length);
+  text.remove_prefix(std::min(length + 1, text.size()));
+  return part;
+}
+
+}  // namespace
+
+std::optional<MailtoAddress> MailtoAddress::parse(std::string_view text) {
+  if (lowered(text.substr(0, kScheme.size())) != kScheme) {
+    return std::nullopt;
+  }
+  text.remove_prefix(kScheme.size());
+  auto fields = takeUntil('#', text);
+  auto recipients = takeUntil('?', fields);
+  MailtoAddress address;
+  while (!recipients.empty()) {
+    auto recipient = percentDecoded(takeUntil(',', recipients));
+    if (!recipient || !MailMessageWriter::isAddress(*recipient)) {
+      return std::nullopt;
+    }
+    address.recipients.push_back(std::move(*recipient));
+  }
+  while (!fields.empty()) {
+    auto value = takeUntil('&', fields);
+    const auto name = lowered(takeUntil('=', value));
+    const auto decoded = percentDecoded(value);
+    if (!decoded) {
+      return std::nullopt;
+    }
+    if (name == "subject") {
+      address.subject = withoutControls(*decoded, false);
+    } else if (name == "body") {
+      address.body = withoutControls(withLineFeeds(*decoded), true);
+    }
+  }
+  return address;
+}
+
+std::string MailtoAddress::text() const {
+  std::string result(kScheme);
+  for (const auto& recipient : recipients) {
+    const auto at = recipient.rfind('@');
+    result += (&recipient == recipients.data() ? "" : ",") +
+              percentEncoded(recipient.substr(0, at)) + recipient.substr(at);
+  }
+  std::string encodedBody;
+  for (const char letter : body) {
+    if (letter == '\n') {
+      encodedBody += "%0D%0A";
+    } else if (letter != '\r') {
+      encodedBody += percentEncoded({&letter, 1});
+    }
+  }
+  result += subject.empty() ? "" : "?subject=" + percentEncoded(subject);
+  result += body.empty() ? "" : (subject.empty() ? "?body=" : "&body=") + encodedBody;
+  return result;
+}

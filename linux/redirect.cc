@@ -1,0 +1,6 @@
+#include "linux/redirect.h"
+
+bool mayRedirect(const WebServer& from, const WebServer& to) {
+  return from.host == to.host &&
+         (to.scheme == "https" || (to.scheme == "http" && from.scheme == "http"));
+}
