@@ -18,14 +18,15 @@ ALLOWED = {
     "extras": {"core", "root", "platform"},
     "animated": {"platform"},
     "bundle": PANES | {"platform"},
-    "linux": {"core/preferenceStore.h", "core/settingsTable.h", "platform"},
+    "calling": {"core", "prefix"},
+    "linux": {"calling", "core/preferenceStore.h", "core/settingsTable.h", "platform"},
     "headless": {"platform"},
     "settings": {"core/settingsTable.h", "linux", "headless", "platform", "tools/version.h"},
-    "tools": PANES | {"linux", "headless", "platform"},
+    "tools": PANES | {"calling", "linux", "headless", "platform"},
 }
 
 # These stay on the standard library.
-STANDARD_ONLY = PANES | {"platform", "headless"}
+STANDARD_ONLY = PANES | {"calling", "platform", "headless"}
 
 # Headers of the standard library have no dot, no slash and no capital letter.
 STANDARD_HEADER = re.compile(r"^[a-z_0-9]+$")

@@ -3,6 +3,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/call/CallCommand.h"
+#include "tools/call/LinesCommand.h"
 #include "tools/drive/DriveCommand.h"
 #include "tools/gif/GifCommand.h"
 #include "tools/version.h"
@@ -13,6 +15,8 @@ constexpr std::string_view kUsage =
     "Usage: quietdial COMMAND [ARGUMENTS]\n"
     "\n"
     "Commands:\n"
+    "  call       call a number and ask for yours to be hidden\n"
+    "  lines      list what can place calls here\n"
     "  drive      run the settings panes without a window, under a script\n"
     "  gif        tell what an animated picture holds\n"
     "\n"
@@ -33,8 +37,16 @@ int main(int count, char** values) {
     std::cout << "quietdial " << kVersion << '\n';
     return 0;
   }
-  if (command == "drive") {
+  if (command == "call" || command == "lines" || command == "drive") {
     words.erase(words.begin());
+  }
+  if (command == "call") {
+    return runCallCommand(words, std::cin, std::cout, std::cerr);
+  }
+  if (command == "lines") {
+    return runLinesCommand(words, std::cout, std::cerr);
+  }
+  if (command == "drive") {
     return runDriveCommand(words, std::cin, std::cout, std::cerr);
   }
   if (command == "gif") {

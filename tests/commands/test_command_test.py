@@ -43,8 +43,9 @@ class TestCommand(unittest.TestCase):
         (self.folder / "CMakeLists.txt").write_text(PROJECT)
         (self.folder / "CMakePresets.json").write_text(json.dumps(PRESETS))
         (self.folder / "chatter").write_text("\n".join(CHATTER) + "\n")
-        for name in ("packages", "lint"):
+        for name in ("packages", "daemons"):
             self.script(name, "true")
+        self.script("lint", "true")
         self.script("build", 'cmake --preset "$1" >/dev/null')
 
     def script(self, name, text):

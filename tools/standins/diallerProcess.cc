@@ -10,21 +10,28 @@
 
 #include <sys/prctl.h>
 
+#include "calling/CallPlanner.h"
+#include "core/applySettings.h"
+#include "core/preferenceStore.h"
+#include "core/settingsTable.h"
 #include "linux/DBusNotifications.h"
 #include "linux/DeviceFileService.h"
 #include "linux/DevicePaths.h"
+#include "linux/PhoneNumbers.h"
+#include "linux/callSettings.h"
 
 // One of the dialler's processes: reads the settings when it starts and when it is told that they
-// are in force, and prints a line with what it read whenever that is new to it. The restarter
-// starts it, with the device root and its own process identifier.
+// are in force, and prints a line with what it read, and what that makes of a call, whenever that
+// is new to it. The restarter starts it, with the device root and its own process identifier.
 
 namespace {
 
-constexpr const char* kSettingsFile = "/User/Library/Preferences/me.orlanvey.quietDial.plist";
-constexpr const char* kApplied = "me.orlanvey.quietdial/prefsChanged";
+constexpr const char* kExample = "0171 555 0134";
 
-std::string shown(const std::optional<PropertyListDictionary>& settings, const char* key) {
-  const auto entry = settings ? settings->find(key) : PropertyListDictionary::const_iterator();
+std::string shown(const std::optional<PropertyListDictionary>& settings,
+                  const settings::Setting& setting) {
+  const auto entry =
+      settings ? settings->find(setting.key) : PropertyListDictionary::const_iterator();
   if (!settings || entry == settings->end()) {
     return "none";
   }
@@ -36,9 +43,24 @@ std::string shown(const std::optional<PropertyListDictionary>& settings, const c
 }
 
 std::string settingsLine(const FileService& files) {
-  const auto settings = files.dictionaryWithContentsOfFile(kSettingsFile);
-  return "prefix " + shown(settings, "selectedPrefix") + ", dialer mode " +
-         shown(settings, "dialerMode") + ", systemwide style " + shown(settings, "systemwideStyle");
+  const auto stored = files.dictionaryWithContentsOfFile(std::string(kSettingsPath));
+  return "prefix " + shown(stored, settings::kSelectedPrefix) + ", dialer mode " +
+         shown(stored, settings::kDialerMode) + ", systemwide style " +
+         shown(stored, settings::kSystemwideStyle);
+}
+
+// What "Call Anonymously" would do with a number.
+std::string exampleCall(const DevicePaths& paths) {
+  static const PhoneNumbers plans;
+  const CallPlanner planner(plans,
+                            {.settings = readCallSettings(paths), .localeRegion = localeRegion()});
+  const LineFacts line{.name = "phone"};
+  const auto plan = planner.plan({kExample}, &line);
+  if (plan.refusal) {
+    return std::string("would not call ") + kExample + ": " +
+           std::string(sentenceOf(*plan.refusal));
+  }
+  return std::string("would call ") + kExample + " as " + plan.dial;
 }
 
 }  // namespace
@@ -55,18 +77,19 @@ int main(int count, char** arguments) {
   }
   std::setvbuf(stdout, nullptr, _IOLBF, 0);
 
-  const DeviceFileService files(
-      std::make_shared<DevicePaths>(arguments[1], DevicePaths::installedLibrary()));
+  const auto paths =
+      std::make_shared<const DevicePaths>(arguments[1], DevicePaths::installedLibrary());
+  const DeviceFileService files(paths);
   std::string printed;
   const auto report = [&] {
-    auto line = settingsLine(files);
+    auto line = settingsLine(files) + "; " + exampleCall(*paths);
     if (line != printed) {
       std::printf("%s (%d): %s\n", program_invocation_short_name, getpid(), line.c_str());
       printed = std::move(line);
     }
   };
   DBusNotifications notifications([&](const std::string& name) {
-    if (name == kApplied) {
+    if (name == kSettingsAppliedNotification) {
       report();
     }
   });

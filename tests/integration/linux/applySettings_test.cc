@@ -134,6 +134,29 @@ std::vector<Event> withoutWrites(std::vector<Event> events) {
 
 }  // namespace
 
+TEST_F(RealEffects, TheDiallerTellsWhatItWouldDial) {
+  ASSERT_TRUE(joinBus());
+  writePreference("selectedPrefix", "*67");
+  startDialler();
+  const auto reports = reportsWithPrefix("*67");
+  ASSERT_EQ(reports.size(), 2U);
+  for (const auto& [process, report] : reports) {
+    EXPECT_TRUE(report.settings.ends_with("; would call 0171 555 0134 as *6701715550134"))
+        << report.settings;
+  }
+}
+
+TEST_F(RealEffects, TheDiallerTellsWhyItWouldNotCall) {
+  ASSERT_TRUE(joinBus());
+  writePreference("selectedPrefix", "");
+  startDialler();
+  const auto reports = reportsWithPrefix("");
+  ASSERT_EQ(reports.size(), 2U);
+  EXPECT_TRUE(reports.begin()->second.settings.find("; would not call 0171 555 0134: ") !=
+              std::string::npos)
+      << reports.begin()->second.settings;
+}
+
 TEST_F(RealEffects, OneTapRestartsTheDiallerForEachOfItsTwoWrites) {
   ASSERT_TRUE(joinBus());
   const auto root = open<QDPreferencesListController>();
