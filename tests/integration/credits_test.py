@@ -103,6 +103,7 @@ class Credits(unittest.TestCase):
                    and not re.match(r"lib[at]san|libubsan|libclang_rt|ld-linux", name)}
         self.assertEqual({name for name in foreign if not name.startswith(beginnings)}, set())
         unused = {name for name in beginnings if not any(library.startswith(name) for library in linked)}
+        unused -= {"libprotobuf"}  # behind libphonenumber; an optimised build leaves no call of its own
         if not os.path.exists(build + "/bin/quietdial-settings"):
             unused -= {"libQt6", "libfontconfig"}  # built without the window
         self.assertEqual(unused, set(), "credited and not linked")
