@@ -23,10 +23,10 @@
 #include "root/QDPreferencesListController.h"
 #include "tests/support/PaneTest.h"
 #include "tests/support/PrivateBus.h"
-#include "tests/support/processNamespace.h"
+#include "tests/support/isolation.h"
 
 // How long it takes until another process hears that a setting is in force, beside the killing
-// itself. It goes into a process namespace of its own and starts a bus of its own:
+// itself. It goes where its killall reaches nothing else, and starts a bus of its own:
 //   QUIETDIAL_BENCH_DIR=DIR QUIETDIAL_BENCH_PROCESSES=N build/bench/apply_bench
 //     --benchmark_enable_random_interleaving=true --benchmark_repetitions=9
 // DIR is on the disk that matters; N idle processes are there for killall to look at (100).
@@ -181,7 +181,7 @@ BENCHMARK(TapToSecondNotification)->UseRealTime();
 }  // namespace
 
 int main(int count, char** arguments) {
-  enterProcessNamespace(arguments);
+  isolate(arguments);
   // killall says each time that it has found none of its names.
   if (!std::freopen("/dev/null", "w", stderr)) {
     return 1;
