@@ -1,7 +1,6 @@
 #include "animated/FLAnimatedImage.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 
 #include "platform/coregraphics/CGBitmapContext.h"
@@ -13,13 +12,12 @@
 
 namespace {
 
-constexpr std::array kMethods{
+constexpr auto kMethods = methods<FLAnimatedImage>(
     method<&FLAnimatedImage::animatedImageWithGIFData>("animatedImageWithGIFData:"),
     method<&FLAnimatedImage::didReceiveMemoryWarning>("didReceiveMemoryWarning:"),
     method<&FLAnimatedImage::growFrameCacheSizeAfterMemoryWarning>(
         "growFrameCacheSizeAfterMemoryWarning:"),
-    method<&FLAnimatedImage::resetFrameCacheSizeMaxInternal>("resetFrameCacheSizeMaxInternal"),
-};
+    method<&FLAnimatedImage::resetFrameCacheSizeMaxInternal>("resetFrameCacheSizeMaxInternal"));
 
 constexpr double kDefaultDelayTime = 0.1;
 // In single precision, in which delays are compared: 0.02 exactly is long enough.
@@ -67,8 +65,7 @@ CGImageAlphaInfo bitmapAlphaInfo(CGImageAlphaInfo info) {
 
 }  // namespace
 
-constexpr ClassDescription FLAnimatedImage::classObject{"FLAnimatedImage", &NSObject::classObject,
-                                                        &allocObject<FLAnimatedImage>, kMethods};
+constexpr ClassOf<FLAnimatedImage> FLAnimatedImage::classObject{"FLAnimatedImage", kMethods};
 
 std::shared_ptr<FLAnimatedImage> FLAnimatedImage::animatedImageWithGIFData(
     const std::shared_ptr<NSData>& data) {

@@ -10,6 +10,7 @@
 #include "platform/foundation/NSIndexSet.h"
 #include "platform/foundation/NSNotificationCenter.h"
 #include "platform/foundation/NSNumber.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/imageio/CGImageSource.h"
 #include "platform/uikit/UIImage.h"
 
@@ -21,10 +22,9 @@
 /// poster frame is kept besides.
 ///
 /// Main thread, but for the last reference, which may be dropped anywhere.
-class FLAnimatedImage : public NSObject {
+class FLAnimatedImage : public Subclass<FLAnimatedImage, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<FLAnimatedImage> classObject;
   ~FLAnimatedImage() override;
 
   /// Null unless the data is a GIF with at least one frame that can be decoded, and with none that

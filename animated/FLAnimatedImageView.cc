@@ -1,6 +1,5 @@
 #include "animated/FLAnimatedImageView.h"
 
-#include <array>
 #include <limits>
 
 #include "animated/FLWeakProxy.h"
@@ -9,20 +8,19 @@
 
 namespace {
 
-constexpr std::array kMethods{
+constexpr auto kMethods = methods<FLAnimatedImageView>(
     method<&FLAnimatedImageView::displayDidRefresh>("displayDidRefresh:"),
     method<&FLAnimatedImageView::setAnimatedImage>("setAnimatedImage:"),
     method<&FLAnimatedImageView::frameCount>("frameCount"),
     method<&FLAnimatedImageView::currentFrameIndex>("currentFrameIndex"),
-    method<&FLAnimatedImageView::loopCountdown>("loopCountdown"),
-};
+    method<&FLAnimatedImageView::loopCountdown>("loopCountdown"));
 
 constexpr NSUInteger kForEver = std::numeric_limits<NSUInteger>::max();
 
 }  // namespace
 
-constexpr ClassDescription FLAnimatedImageView::classObject{
-    "FLAnimatedImageView", &UIImageView::classObject, &allocObject<FLAnimatedImageView>, kMethods};
+constexpr ClassOf<FLAnimatedImageView> FLAnimatedImageView::classObject{"FLAnimatedImageView",
+                                                                        kMethods};
 
 FLAnimatedImageView::~FLAnimatedImageView() {
   if (_displayLink) {

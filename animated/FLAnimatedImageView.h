@@ -3,16 +3,16 @@
 #include <memory>
 
 #include "animated/FLAnimatedImage.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/quartzcore/CADisplayLink.h"
 #include "platform/uikit/UIImageView.h"
 
 /// An image view that plays an animated image while it stands in a window and a superview. It shows
 /// the frames one after the other, never leaving one out because it is not decoded yet, and stops
 /// with the last one on screen. Without an animated image it is a plain image view. Main thread.
-class FLAnimatedImageView : public UIImageView {
+class FLAnimatedImageView : public Subclass<FLAnimatedImageView, UIImageView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<FLAnimatedImageView> classObject;
   ~FLAnimatedImageView() override;
 
   /// Null where the view shows a still image.

@@ -1,7 +1,6 @@
 #include "animated/FLWeakProxy.h"
 
-constexpr ClassDescription FLWeakProxy::classObject{
-    "FLWeakProxy", &NSProxy::classObject, &allocObject<FLWeakProxy>, {}};
+constexpr ClassOf<FLWeakProxy> FLWeakProxy::classObject{"FLWeakProxy"};
 
 std::shared_ptr<FLWeakProxy> FLWeakProxy::weakProxyForObject(
     const std::shared_ptr<NSObject>& object) {

@@ -4,13 +4,13 @@
 #include <string_view>
 
 #include "platform/foundation/NSProxy.h"
+#include "platform/foundation/Subclass.h"
 
 /// Stands for an object that must not be kept alive: passes every message on while the object
 /// lives, and does nothing afterwards. For targets of timers and display links. Any thread.
-class FLWeakProxy : public NSProxy {
+class FLWeakProxy : public Subclass<FLWeakProxy, NSProxy> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<FLWeakProxy> classObject;
 
   /// `object` may be null; the proxy then behaves as one whose target has gone.
   static std::shared_ptr<FLWeakProxy> weakProxyForObject(const std::shared_ptr<NSObject>& object);

@@ -13,11 +13,9 @@ namespace {
 
 using Pane = QDCreditsListController;
 
-constexpr std::array kMethods{
-    method<&Pane::followOnTwitter>("followOnTwitter"),
-    method<&Pane::donate>("donate"),
-    method<&Pane::visitTallowbyte>("visitTallowbyte"),
-};
+constexpr auto kMethods = methods<Pane>(method<&Pane::followOnTwitter>("followOnTwitter"),
+                                        method<&Pane::donate>("donate"),
+                                        method<&Pane::visitTallowbyte>("visitTallowbyte"));
 
 constexpr std::array<std::pair<std::string_view, std::string_view>, 3> kPictures{{
     {"logo", "tallowbyte-logo.png"},
@@ -27,9 +25,8 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 3> kPictures
 
 }  // namespace
 
-constexpr ClassDescription QDCreditsListController::classObject{
-    "QDCreditsListController", &PSListController::classObject,
-    &allocObject<QDCreditsListController>, kMethods};
+constexpr ClassOf<QDCreditsListController> QDCreditsListController::classObject{
+    "QDCreditsListController", kMethods};
 
 void QDCreditsListController::followOnTwitter() {
   const auto& application = UIApplication::sharedApplication();

@@ -2,13 +2,13 @@
 
 #include <memory>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 
 /// The makers and where they are found. Main thread.
-class QDCreditsListController : public PSListController {
+class QDCreditsListController : public Subclass<QDCreditsListController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDCreditsListController> classObject;
 
   /// Actions of rows. Where an address leads is not looked at.
   /// The maker's profile in the Twitter application, else on the web.

@@ -10,10 +10,8 @@
 #include "platform/preferences/PSTextFieldSpecifier.h"
 #include "root/tweakCatalogue.h"
 
-constexpr ClassDescription QDPromotionController::classObject{"QDPromotionController",
-                                                              &PSListController::classObject,
-                                                              &allocObject<QDPromotionController>,
-                                                              {}};
+constexpr ClassOf<QDPromotionController> QDPromotionController::classObject{
+    "QDPromotionController"};
 
 namespace {
 

@@ -2,16 +2,17 @@
 
 #include <memory>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 #include "platform/uikit/UIWebView.h"
 
 /// The page about the maker's other tweaks. A hidden web view loads it to learn its height while a
 /// spinner row is shown; then one row of that height takes the spinner's place, and everything that
 /// the catalogue lists counts as seen. A page that never comes leaves the spinner. Main thread.
-class QDPromotionController : public PSListController, public UIWebViewDelegate {
+class QDPromotionController : public Subclass<QDPromotionController, PSListController>,
+                              public UIWebViewDelegate {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDPromotionController> classObject;
 
   void webViewDidFinishLoad(UIWebView& webView) override;
   const PSSpecifiers& specifiers() override;

@@ -2,11 +2,8 @@
 
 #include "core/rowHeight.h"
 
-constexpr ClassDescription QDSoftwareCreditsController::classObject{
-    "QDSoftwareCreditsController",
-    &PSListController::classObject,
-    &allocObject<QDSoftwareCreditsController>,
-    {}};
+constexpr ClassOf<QDSoftwareCreditsController> QDSoftwareCreditsController::classObject{
+    "QDSoftwareCreditsController"};
 
 const PSSpecifiers& QDSoftwareCreditsController::specifiers() {
   if (!hasSpecifiers()) {

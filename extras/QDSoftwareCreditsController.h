@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 
 /// The software that QuietDial is built with, as its list resource has it. Main thread.
-class QDSoftwareCreditsController : public PSListController {
+class QDSoftwareCreditsController : public Subclass<QDSoftwareCreditsController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDSoftwareCreditsController> classObject;
 
   const PSSpecifiers& specifiers() override;
   CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;

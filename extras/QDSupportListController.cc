@@ -1,6 +1,5 @@
 #include "extras/QDSupportListController.h"
 
-#include <array>
 #include <string>
 
 #include "core/preferenceStore.h"
@@ -13,9 +12,8 @@
 
 namespace {
 
-constexpr std::array kMethods{
-    method<&QDSupportListController::sendSupportEmail>("sendSupportEmail"),
-};
+constexpr auto kMethods = methods<QDSupportListController>(
+    method<&QDSupportListController::sendSupportEmail>("sendSupportEmail"));
 
 constexpr std::string_view kPackageIdentifier = "me.orlanvey.quietdial";
 constexpr const char* kBody =
@@ -24,9 +22,8 @@ constexpr const char* kBody =
 
 }  // namespace
 
-constexpr ClassDescription QDSupportListController::classObject{
-    "QDSupportListController", &PSListController::classObject,
-    &allocObject<QDSupportListController>, kMethods};
+constexpr ClassOf<QDSupportListController> QDSupportListController::classObject{
+    "QDSupportListController", kMethods};
 
 CGFloat QDSupportListController::tableViewHeightForRowAtIndexPath(UITableView& table,
                                                                   NSIndexPath indexPath) {

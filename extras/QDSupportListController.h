@@ -2,15 +2,15 @@
 
 #include <optional>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/messageui/MFMailComposeViewController.h"
 #include "platform/preferences/PSListController.h"
 
 /// The pane from which the user writes to the maker. Main thread.
-class QDSupportListController : public PSListController,
+class QDSupportListController : public Subclass<QDSupportListController, PSListController>,
                                 public MFMailComposeViewControllerDelegate {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDSupportListController> classObject;
 
   CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
   const PSSpecifiers& specifiers() override;

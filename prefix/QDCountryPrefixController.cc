@@ -1,6 +1,5 @@
 #include "prefix/QDCountryPrefixController.h"
 
-#include <array>
 #include <string>
 #include <utility>
 
@@ -18,11 +17,9 @@ constexpr std::string_view kGetter = "getValueForSpecifier:";
 constexpr std::string_view kSetter = "setValue:forSpecifier:";
 constexpr std::string_view kAction = "cellSelected:";
 
-constexpr std::array kMethods{
-    method<&Pane::getValueForSpecifier>(kGetter),
-    method<&Pane::setValueForSpecifier>(kSetter),
-    method<&Pane::cellSelected>(kAction),
-};
+constexpr auto kMethods = methods<Pane>(method<&Pane::getValueForSpecifier>(kGetter),
+                                        method<&Pane::setValueForSpecifier>(kSetter),
+                                        method<&Pane::cellSelected>(kAction));
 
 constexpr std::string_view kCountryKey = "selectedCountry";
 constexpr std::string_view kPrefixKey = "selectedPrefix";
@@ -38,9 +35,8 @@ constexpr const char* kAdvice =
 
 }  // namespace
 
-constexpr ClassDescription QDCountryPrefixController::classObject{
-    "QDCountryPrefixController", &PSListController::classObject,
-    &allocObject<QDCountryPrefixController>, kMethods};
+constexpr ClassOf<QDCountryPrefixController> QDCountryPrefixController::classObject{
+    "QDCountryPrefixController", kMethods};
 
 bool QDCountryPrefixController::init() {
   if (!PSListController::init()) {

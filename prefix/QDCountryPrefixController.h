@@ -4,16 +4,16 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 
 /// The pane in which the dial prefix is chosen by country or typed. The chosen country, the prefix
 /// in force and the typed prefix are loaded once, when the pane is made; every change goes to the
 /// property first and then to the file. A stored value keeps the type that it was stored with.
 /// Main thread.
-class QDCountryPrefixController : public PSListController {
+class QDCountryPrefixController : public Subclass<QDCountryPrefixController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDCountryPrefixController> classObject;
 
   /// Loads the three settings; each one that is absent gets its default, which is written.
   bool init() override;

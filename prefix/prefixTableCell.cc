@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription prefixTableCell::classObject{
-    "prefixTableCell", &PSTableCell::classObject, &allocObject<prefixTableCell>, {}};
+constexpr ClassOf<prefixTableCell> prefixTableCell::classObject{"prefixTableCell"};
 
 bool prefixTableCell::initWithStyleReuseIdentifierSpecifier(
     UITableViewCellStyle style, std::string reuseIdentifier,

@@ -22,13 +22,11 @@ namespace {
 
 using Pane = QDPreferencesListController;
 
-constexpr std::array kMethods{
+constexpr auto kMethods = methods<Pane>(
     method<&Pane::applyChangedSettings>("applyChangedSettings"),
-    method<&Pane::showLove>("showLove"),
-    method<&Pane::installUpdate>("installUpdate"),
+    method<&Pane::showLove>("showLove"), method<&Pane::installUpdate>("installUpdate"),
     method<&Pane::readPreferenceValue>("readPreferenceValue:"),
-    method<&Pane::setPreferenceValueSpecifier>("setPreferenceValue:specifier:"),
-};
+    method<&Pane::setPreferenceValueSpecifier>("setPreferenceValue:specifier:"));
 
 // The rows whose values the sub-panes change while they are open.
 constexpr std::array<std::string_view, 4> kSummaryRows{"Hide Caller ID Prefix", "Dial Tab Style",
@@ -41,9 +39,8 @@ constexpr std::string_view kUpdateBadge = "New update available!";
 
 }  // namespace
 
-constexpr ClassDescription QDPreferencesListController::classObject{
-    "QDPreferencesListController", &PSListController::classObject,
-    &allocObject<QDPreferencesListController>, kMethods};
+constexpr ClassOf<QDPreferencesListController> QDPreferencesListController::classObject{
+    "QDPreferencesListController", kMethods};
 
 std::weak_ptr<QDPreferencesListController>* preferencesListController = nullptr;
 std::weak_ptr<UINavigationItem>* navigationItem = nullptr;

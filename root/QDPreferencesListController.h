@@ -4,16 +4,16 @@
 #include <optional>
 
 #include "core/export.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 #include "root/TweakList.h"
 
 /// The bundle's first pane. Each time it comes into sight it asks the maker's catalogue, in the
 /// background, how many tweaks there are that the user has not been shown, and badges a row with
 /// the number. Main thread unless an operation says otherwise.
-class QDPreferencesListController : public PSListController {
+class QDPreferencesListController : public Subclass<QDPreferencesListController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDPreferencesListController> classObject;
 
   /// Registers the observer that applies settings after each change. The registration is never
   /// removed and outlives the pane; each pane that is made adds one.

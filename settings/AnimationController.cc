@@ -2,14 +2,17 @@
 
 #include <algorithm>
 
-constexpr ClassDescription AnimationController::classObject{
-    "AnimationController", &UIViewController::classObject, &allocObject<AnimationController>, {}};
+#include "platform/foundation/Subclass.h"
+
+constexpr ClassOf<AnimationController> AnimationController::classObject{"AnimationController"};
 
 namespace {
 
 // Keeps its one subview in the middle.
-class Stage : public UIView {
+class Stage : public Subclass<Stage, UIView> {
  public:
+  static const ClassOf<Stage> classObject;
+
   void layoutSubviews() override {
     UIView::layoutSubviews();
     const auto& player = subviews().front();
@@ -22,6 +25,9 @@ class Stage : public UIView {
         CGRectMake((room.width - width) / 2, (room.height - height) / 2, width, height));
   }
 };
+
+// To whoever asks, this is a plain view.
+constexpr ClassOf<Stage> Stage::classObject{"UIView"};
 
 std::shared_ptr<UIImageView> makePlayer(const std::shared_ptr<NSData>& data) {
   const auto* imageClass = NSClassFromString("FLAnimatedImage");

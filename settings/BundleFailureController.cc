@@ -1,10 +1,7 @@
 #include "settings/BundleFailureController.h"
 
-constexpr ClassDescription BundleFailureController::classObject{
-    "BundleFailureController",
-    &PSListController::classObject,
-    &allocObject<BundleFailureController>,
-    {}};
+constexpr ClassOf<BundleFailureController> BundleFailureController::classObject{
+    "BundleFailureController"};
 
 std::shared_ptr<BundleFailureController> BundleFailureController::forBundle(
     const std::string& bundlePath, const std::string& reason,

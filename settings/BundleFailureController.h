@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 
 /// Stands in for the first page of a bundle that could not be loaded and says why. Main thread.
-class BundleFailureController : public PSListController {
+class BundleFailureController : public Subclass<BundleFailureController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<BundleFailureController> classObject;
 
   /// `specifier` is the row that was to lead to the bundle's page, `reason` a sentence.
   static std::shared_ptr<BundleFailureController> forBundle(

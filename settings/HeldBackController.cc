@@ -1,19 +1,18 @@
 #include "settings/HeldBackController.h"
 
-#include <array>
 #include <utility>
 
 #include "platform/foundation/method.h"
 
 namespace {
 
-constexpr std::array kMethods{method<&HeldBackController::openAnyway>("openAnyway")};
+constexpr auto kMethods =
+    methods<HeldBackController>(method<&HeldBackController::openAnyway>("openAnyway"));
 
 }  // namespace
 
-constexpr ClassDescription HeldBackController::classObject{
-    "HeldBackController", &PSListController::classObject, &allocObject<HeldBackController>,
-    kMethods};
+constexpr ClassOf<HeldBackController> HeldBackController::classObject{"HeldBackController",
+                                                                      kMethods};
 
 std::shared_ptr<HeldBackController> HeldBackController::forPane(
     const std::string& className, const std::shared_ptr<PSSpecifier>& specifier,

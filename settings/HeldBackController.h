@@ -4,14 +4,14 @@
 #include <memory>
 #include <string>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 
 /// Stands in for a page that was to be opened at the start and took the program down the last time,
 /// says so, and offers to open it all the same. Main thread.
-class HeldBackController : public PSListController {
+class HeldBackController : public Subclass<HeldBackController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<HeldBackController> classObject;
 
   /// `specifier` is the row that leads to the page, or null; `open` opens the page in this one's
   /// place.

@@ -9,10 +9,8 @@
 #include "settings/BundleFailureController.h"
 #include "settings/HeldBackController.h"
 
-constexpr ClassDescription SettingsListController::classObject{"SettingsListController",
-                                                               &PSListController::classObject,
-                                                               &allocObject<SettingsListController>,
-                                                               {}};
+constexpr ClassOf<SettingsListController> SettingsListController::classObject{
+    "SettingsListController"};
 
 std::shared_ptr<SettingsListController> SettingsListController::withEntries(
     std::vector<BundleEntry> entries, std::shared_ptr<BundleLoader> loader,

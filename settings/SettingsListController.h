@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 #include "settings/BundleEntry.h"
 #include "settings/BundleLoader.h"
@@ -12,10 +13,9 @@
 
 /// The application's own first page: one row for each installed bundle. A bundle's module is opened
 /// when its row is first tapped. Main thread.
-class SettingsListController : public PSListController {
+class SettingsListController : public Subclass<SettingsListController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<SettingsListController> classObject;
 
   static std::shared_ptr<SettingsListController> withEntries(std::vector<BundleEntry> entries,
                                                              std::shared_ptr<BundleLoader> loader,

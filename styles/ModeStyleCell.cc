@@ -13,6 +13,8 @@ constexpr std::array<const char*, 3> kTitles{"Swipe", "Hold", "Show always"};
 
 }  // namespace
 
+constexpr ClassOf<ModeStyleCell> ModeStyleCell::classObject{"ModeStyleCell"};
+
 bool ModeStyleCell::initWithStyleReuseIdentifierSpecifier(
     UITableViewCellStyle style, std::string reuseIdentifier,
     const std::shared_ptr<PSSpecifier>& specifier) {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "animated/FLAnimatedImageView.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
@@ -16,8 +17,10 @@
 /// What the cells of the dialler's tab and of the system-wide screen have in common: a segmented
 /// control over a preview of the chosen mode, and two settings, the mode's number and its title.
 /// Nothing is kept between updates: each one reads its preview from the file. Main thread.
-class ModeStyleCell : public PSTableCell {
+class ModeStyleCell : public Subclass<ModeStyleCell, PSTableCell> {
  public:
+  static const ClassOf<ModeStyleCell> classObject;
+
   /// Shows the stored mode; an absent one gets its default, which is written.
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle style, std::string reuseIdentifier,

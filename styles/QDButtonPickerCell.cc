@@ -10,7 +10,8 @@
 namespace {
 
 constexpr std::string_view kAction = "buttonPressed:";
-constexpr std::array kMethods{method<&QDButtonPickerCell::buttonPressed>(kAction)};
+constexpr auto kMethods =
+    methods<QDButtonPickerCell>(method<&QDButtonPickerCell::buttonPressed>(kAction));
 
 constexpr std::string_view kDialKey = "dialButtonStyle";
 constexpr std::string_view kSystemwideKey = "systemwideButtonStyle";
@@ -26,8 +27,8 @@ std::string summaryPart(const std::optional<PropertyListValue>& style) {
 
 }  // namespace
 
-constexpr ClassDescription QDButtonPickerCell::classObject{
-    "QDButtonPickerCell", &PSTableCell::classObject, &allocObject<QDButtonPickerCell>, kMethods};
+constexpr ClassOf<QDButtonPickerCell> QDButtonPickerCell::classObject{"QDButtonPickerCell",
+                                                                      kMethods};
 
 bool QDButtonPickerCell::initWithStyleReuseIdentifierSpecifier(
     UITableViewCellStyle style, std::string reuseIdentifier,

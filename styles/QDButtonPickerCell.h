@@ -6,16 +6,16 @@
 #include <string>
 #include <string_view>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UIButton.h"
 
 /// Four pictures of the Call Anonymously button, of which the chosen one is blue. The row's `key`
 /// names the setting, which counts from 1; both choices together are also kept as a text. Main
 /// thread.
-class QDButtonPickerCell : public PSTableCell {
+class QDButtonPickerCell : public Subclass<QDButtonPickerCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDButtonPickerCell> classObject;
 
   /// Shows the stored choice. An absent one becomes 1; one outside 1 to 4 becomes 1 too, but no
   /// picture is then shown as chosen.

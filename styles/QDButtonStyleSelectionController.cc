@@ -8,11 +8,8 @@
 #include "styles/QDButtonPickerCell.h"
 #include "styles/styleRow.h"
 
-constexpr ClassDescription QDButtonStyleSelectionController::classObject{
-    "QDButtonStyleSelectionController",
-    &PSListController::classObject,
-    &allocObject<QDButtonStyleSelectionController>,
-    {}};
+constexpr ClassOf<QDButtonStyleSelectionController> QDButtonStyleSelectionController::classObject{
+    "QDButtonStyleSelectionController"};
 
 namespace {
 

@@ -4,11 +4,8 @@
 #include "styles/QDDialerTabStyleCell.h"
 #include "styles/styleRow.h"
 
-constexpr ClassDescription QDDialerStyleSelectionController::classObject{
-    "QDDialerStyleSelectionController",
-    &PSListController::classObject,
-    &allocObject<QDDialerStyleSelectionController>,
-    {}};
+constexpr ClassOf<QDDialerStyleSelectionController> QDDialerStyleSelectionController::classObject{
+    "QDDialerStyleSelectionController"};
 
 const PSSpecifiers& QDDialerStyleSelectionController::specifiers() {
   if (!hasSpecifiers()) {

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr std::array kMethods{
-    method<&QDDialerTabStyleCell::updateImageForIndex>("updateImageForIndex")};
+constexpr auto kMethods = methods<QDDialerTabStyleCell>(
+    method<&QDDialerTabStyleCell::updateImageForIndex>("updateImageForIndex"));
 
 constexpr const char* kSwipeInfo =
     "Swipe to the left or to the right side of the green button to show the Call Anonymously "
@@ -30,9 +30,8 @@ float previewHeight(double width) {
 
 }  // namespace
 
-constexpr ClassDescription QDDialerTabStyleCell::classObject{
-    "QDDialerTabStyleCell", &PSTableCell::classObject, &allocObject<QDDialerTabStyleCell>,
-    kMethods};
+constexpr ClassOf<QDDialerTabStyleCell> QDDialerTabStyleCell::classObject{"QDDialerTabStyleCell",
+                                                                          kMethods};
 
 bool QDDialerTabStyleCell::initWithSpecifier(const std::shared_ptr<PSSpecifier>& specifier) {
   return initWithStyleReuseIdentifierSpecifier(UITableViewCellStyle::kDefault,

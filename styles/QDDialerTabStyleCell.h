@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
+#include "platform/foundation/Subclass.h"
 #include "styles/ModeStyleCell.h"
 
 /// How the Call Anonymously button is revealed in the dialler's tab: the choice, its preview and
 /// its explanation. Main thread.
-class QDDialerTabStyleCell : public ModeStyleCell {
+class QDDialerTabStyleCell : public Subclass<QDDialerTabStyleCell, ModeStyleCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDDialerTabStyleCell> classObject;
 
   bool initWithSpecifier(const std::shared_ptr<PSSpecifier>& specifier);
 

@@ -5,8 +5,8 @@
 
 namespace {
 
-constexpr std::array kMethods{
-    method<&QDSystemwideStyleCell::updateImageForIndex>("updateImageForIndex")};
+constexpr auto kMethods = methods<QDSystemwideStyleCell>(
+    method<&QDSystemwideStyleCell::updateImageForIndex>("updateImageForIndex"));
 
 constexpr double kWidthToHeight = 0.549;
 constexpr float kPreviewMargin = 40;
@@ -19,9 +19,8 @@ float previewHeight(double width) {
 
 }  // namespace
 
-constexpr ClassDescription QDSystemwideStyleCell::classObject{
-    "QDSystemwideStyleCell", &PSTableCell::classObject, &allocObject<QDSystemwideStyleCell>,
-    kMethods};
+constexpr ClassOf<QDSystemwideStyleCell> QDSystemwideStyleCell::classObject{"QDSystemwideStyleCell",
+                                                                            kMethods};
 
 bool QDSystemwideStyleCell::initWithSpecifier(const std::shared_ptr<PSSpecifier>& specifier) {
   return initWithStyleReuseIdentifierSpecifier(UITableViewCellStyle::kDefault,

@@ -3,14 +3,14 @@
 #include <memory>
 #include <string>
 
+#include "platform/foundation/Subclass.h"
 #include "styles/ModeStyleCell.h"
 
 /// How the system-wide call screen offers the anonymous call: the choice and its preview. Main
 /// thread.
-class QDSystemwideStyleCell : public ModeStyleCell {
+class QDSystemwideStyleCell : public Subclass<QDSystemwideStyleCell, ModeStyleCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDSystemwideStyleCell> classObject;
 
   bool initWithSpecifier(const std::shared_ptr<PSSpecifier>& specifier);
 

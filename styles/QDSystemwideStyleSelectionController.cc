@@ -1,7 +1,5 @@
 #include "styles/QDSystemwideStyleSelectionController.h"
 
-#include <array>
-
 #include "core/preferenceStore.h"
 #include "core/rowHeight.h"
 #include "platform/foundation/method.h"
@@ -19,17 +17,15 @@ constexpr std::string_view kGetter = "readPreferenceValue:";
 constexpr std::string_view kSetter = "setPreferenceValue:specifier:";
 constexpr std::string_view kDismiss = "dismissKeyboard";
 
-constexpr std::array kMethods{
-    method<&Pane::readPreferenceValue>(kGetter),
-    method<&Pane::setPreferenceValueSpecifier>(kSetter),
-    method<&Pane::dismissKeyboard>(kDismiss),
-};
+constexpr auto kMethods = methods<Pane>(method<&Pane::readPreferenceValue>(kGetter),
+                                        method<&Pane::setPreferenceValueSpecifier>(kSetter),
+                                        method<&Pane::dismissKeyboard>(kDismiss));
 
 }  // namespace
 
-constexpr ClassDescription QDSystemwideStyleSelectionController::classObject{
-    "QDSystemwideStyleSelectionController", &PSListController::classObject,
-    &allocObject<QDSystemwideStyleSelectionController>, kMethods};
+constexpr ClassOf<QDSystemwideStyleSelectionController>
+    QDSystemwideStyleSelectionController::classObject{"QDSystemwideStyleSelectionController",
+                                                      kMethods};
 
 const PSSpecifiers& QDSystemwideStyleSelectionController::specifiers() {
   if (hasSpecifiers()) {

@@ -3,14 +3,15 @@
 #include <memory>
 #include <optional>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 
 /// The pane of the system-wide call screen: how it offers the anonymous call, and the two questions
 /// that it asks. Its first row stores its choice itself. Main thread.
-class QDSystemwideStyleSelectionController : public PSListController {
+class QDSystemwideStyleSelectionController
+    : public Subclass<QDSystemwideStyleSelectionController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<QDSystemwideStyleSelectionController> classObject;
 
   /// Building the rows loads the view, too: from then on a tap anywhere in it ends editing.
   const PSSpecifiers& specifiers() override;

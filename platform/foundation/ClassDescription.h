@@ -27,11 +27,13 @@ struct Method {
   std::variant<Action, Getter, Setter, Factory> implementation;
 };
 
-/// What can be known of a class by name at run time: constant data, nothing runs to make it.
+/// What can be known of a class by name at run time: constant data, nothing runs to make it. A
+/// class declares its own as a ClassOf itself (Subclass.h).
 struct ClassDescription {
   std::string_view name;
   const ClassDescription* superclass = nullptr;
-  /// First phase of making an object; an init… of the class is the second.
+  /// First phase of making an object; an init… of the class is the second. Null for a class of
+  /// which there are only subclasses' objects.
   std::shared_ptr<NSObject> (*alloc)() = nullptr;
   std::span<const Method> methods;
 

@@ -5,8 +5,7 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription NSData::classObject{
-    "NSData", &NSObject::classObject, &allocObject<NSData>, {}};
+constexpr ClassOf<NSData> NSData::classObject{"NSData"};
 
 std::shared_ptr<NSData> NSData::dataWithBytes(std::vector<std::uint8_t> bytes) {
   auto data = allocInit<NSData>();

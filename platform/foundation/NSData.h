@@ -6,13 +6,12 @@
 #include <vector>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// Bytes that never change. Any thread.
-class PLATFORM_API NSData : public NSObject {
+class PLATFORM_API NSData : public Subclass<NSData, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<NSData> classObject;
 
   static std::shared_ptr<NSData> dataWithBytes(std::vector<std::uint8_t> bytes);
   /// The file's bytes; null when it cannot be read or is larger than the file service's bound.

@@ -1,7 +1,6 @@
 #include "platform/foundation/NSNotificationCenter.h"
 
-constexpr ClassDescription NSNotification::classObject{
-    "NSNotification", &NSObject::classObject, &allocObject<NSNotification>, {}};
+constexpr ClassOf<NSNotification> NSNotification::classObject{"NSNotification"};
 
 NSNotificationCenter& NSNotificationCenter::defaultCenter() {
   // Never destroyed: observers may still remove themselves while the process ends.

@@ -6,13 +6,12 @@
 #include <vector>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// What an observer is told of.
-class PLATFORM_API NSNotification : public NSObject {
+class PLATFORM_API NSNotification : public Subclass<NSNotification, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<NSNotification> classObject;
 
   const std::string& name() const { return name_; }
   /// The sender, or null.

@@ -1,7 +1,6 @@
 #include "platform/foundation/NSNull.h"
 
-constexpr ClassDescription NSNull::classObject{
-    "NSNull", &NSObject::classObject, &allocObject<NSNull>, {}};
+constexpr ClassOf<NSNull> NSNull::classObject{"NSNull"};
 
 const std::shared_ptr<NSNull>& NSNull::null() {
   // Never destroyed: lists may still be dropped while the process ends.

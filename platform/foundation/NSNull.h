@@ -3,13 +3,12 @@
 #include <memory>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// Stands in a list where there is no object.
-class PLATFORM_API NSNull : public NSObject {
+class PLATFORM_API NSNull : public Subclass<NSNull, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<NSNull> classObject;
 
   /// The one of the process. Any thread.
   static const std::shared_ptr<NSNull>& null();

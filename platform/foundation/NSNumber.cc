@@ -1,7 +1,6 @@
 #include "platform/foundation/NSNumber.h"
 
-constexpr ClassDescription NSNumber::classObject{
-    "NSNumber", &NSObject::classObject, &allocObject<NSNumber>, {}};
+constexpr ClassOf<NSNumber> NSNumber::classObject{"NSNumber"};
 
 std::shared_ptr<NSNumber> NSNumber::numberWithUnsignedInteger(std::uint64_t value) {
   auto number = allocInit<NSNumber>();

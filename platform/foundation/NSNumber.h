@@ -4,13 +4,12 @@
 #include <memory>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// A whole number as an object, for calls that pass objects. Equal to any of the same value.
-class PLATFORM_API NSNumber : public NSObject {
+class PLATFORM_API NSNumber : public Subclass<NSNumber, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<NSNumber> classObject;
 
   static std::shared_ptr<NSNumber> numberWithUnsignedInteger(std::uint64_t value);
 

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "platform/api.h"
 #include "platform/foundation/ClassDescription.h"
@@ -58,9 +59,24 @@ struct PLATFORM_API MainQueueDeleter {
   void operator()(NSObject* object) const;
 };
 
+template <class T>
+class ClassOf;
+template <class Self, class Base>
+class Subclass;
+
+/// Whether T is described as itself, with its own superclass (Subclass.h).
+template <class T>
+inline constexpr bool kIsDescribed = requires {
+  requires std::is_base_of_v<Subclass<T, typename T::Superclass>, T>;
+  requires std::is_same_v<decltype(T::classObject), const ClassOf<T>>;
+};
+template <>
+inline constexpr bool kIsDescribed<NSObject> = true;
+
 /// An object that waits for its init….
 template <class T>
 std::shared_ptr<T> alloc() {
+  static_assert(kIsDescribed<T>, "an object is made of a class with a description of its own");
   return std::shared_ptr<T>(new T, MainQueueDeleter{});
 }
 

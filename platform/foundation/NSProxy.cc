@@ -1,4 +1,3 @@
 #include "platform/foundation/NSProxy.h"
 
-constexpr ClassDescription NSProxy::classObject{
-    "NSProxy", &NSObject::classObject, &allocObject<NSProxy>, {}};
+constexpr ClassOf<NSProxy> NSProxy::classObject{"NSProxy"};

@@ -1,6 +1,5 @@
 #include "platform/foundation/PacedDelivery.h"
 
-#include <array>
 #include <utility>
 
 #include "platform/foundation/MainQueue.h"
@@ -11,12 +10,12 @@ namespace {
 
 constexpr double kLeastInterval = 0.2;  // seconds
 
-constexpr std::array kMethods{method<&PacedDelivery::deliverHeld>("deliverHeld")};
+constexpr auto kMethods =
+    methods<PacedDelivery>(method<&PacedDelivery::deliverHeld>("deliverHeld"));
 
 }  // namespace
 
-constexpr ClassDescription PacedDelivery::classObject{"PacedDelivery", &NSObject::classObject,
-                                                      &allocObject<PacedDelivery>, kMethods};
+constexpr ClassOf<PacedDelivery> PacedDelivery::classObject{"PacedDelivery", kMethods};
 
 std::shared_ptr<PacedDelivery> PacedDelivery::withDelivery(std::function<void()> deliver) {
   auto paced = allocInit<PacedDelivery>();

@@ -4,15 +4,14 @@
 #include <memory>
 #include <optional>
 
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// Delivers something that may be posted far more often than it is worth acting on: the first post
 /// at once, then at most five a second of the installed clock, the last one surely. What is held
 /// back meanwhile counts as one. Main thread.
-class PacedDelivery final : public NSObject {
+class PacedDelivery final : public Subclass<PacedDelivery, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<PacedDelivery> classObject;
 
   /// `deliver` may post again.
   static std::shared_ptr<PacedDelivery> withDelivery(std::function<void()> deliver);

@@ -3,12 +3,14 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <type_traits>
 
 #include "platform/foundation/ClassDescription.h"
 #include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// Builds the entries of a class's method table from member functions, for example
-///   constexpr Method kMethods[] = {method<&QDPane::showLove>("showLove")};
+///   constexpr auto kMethods = methods<QDPane>(method<&QDPane::showLove>("showLove"));
 /// The shape of the member decides what it is: an action takes nothing or the sender, a getter
 /// takes a row, or nothing at all, and gives a value or nothing, a setter takes a value and a row,
 /// and a static member that makes an object from another one is a factory.
@@ -64,9 +66,33 @@ struct Call<member, void (Receiver::*)(const PropertyListValue&, const Row&)> {
   }
 };
 
+/// Whose objects can be the receiver; any for a static member.
+template <class Shape>
+struct Receiver {
+  using Type = NSObject;
+};
+
+template <class Shape, class Class>
+struct Receiver<Shape Class::*> {
+  using Type = Class;
+};
+
 }  // namespace method_detail
 
+/// An entry for the table of T or of a class that derives from it.
+template <class T>
+struct MethodOf {
+  Method entry;
+};
+
 template <auto member>
-constexpr Method method(std::string_view selector) {
-  return {selector, &method_detail::Call<member>::invoke};
+constexpr auto method(std::string_view selector) {
+  using Receiver = typename method_detail::Receiver<decltype(member)>::Type;
+  return MethodOf<Receiver>{{selector, &method_detail::Call<member>::invoke}};
+}
+
+template <class T, class... Receivers>
+constexpr Methods<T, sizeof...(Receivers)> methods(const MethodOf<Receivers>&... list) {
+  static_assert((std::is_base_of_v<Receivers, T> && ...), "each method is one of T's own");
+  return {{list.entry...}};
 }

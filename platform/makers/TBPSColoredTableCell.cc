@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription TBPSColoredTableCell::classObject{
-    "TBPSColoredTableCell", &PSTableCell::classObject, &allocObject<TBPSColoredTableCell>, {}};
+constexpr ClassOf<TBPSColoredTableCell> TBPSColoredTableCell::classObject{"TBPSColoredTableCell"};
 
 bool TBPSColoredTableCell::initWithStyleReuseIdentifierSpecifier(
     UITableViewCellStyle style, std::string reuseIdentifier,

@@ -7,11 +7,8 @@
 
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription TBPSCreditsHeaderTableCell::classObject{
-    "TBPSCreditsHeaderTableCell",
-    &PSTableCell::classObject,
-    &allocObject<TBPSCreditsHeaderTableCell>,
-    {}};
+constexpr ClassOf<TBPSCreditsHeaderTableCell> TBPSCreditsHeaderTableCell::classObject{
+    "TBPSCreditsHeaderTableCell"};
 
 namespace {
 

@@ -5,16 +5,17 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSTableCell.h"
 
 /// The maker's logo, and below it the two makers side by side with their names. Reads the row's
 /// properties `logo`, `head1` and `head2`, device paths of pictures, and `head1Name` and
 /// `head2Name`. The row's title is said, not shown. A picture that is missing leaves its place out,
 /// with its name. Rows mark it with `dynamicHeight`. Main thread.
-class PLATFORM_API TBPSCreditsHeaderTableCell : public PSTableCell {
+class PLATFORM_API TBPSCreditsHeaderTableCell
+    : public Subclass<TBPSCreditsHeaderTableCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<TBPSCreditsHeaderTableCell> classObject;
 
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle style, std::string reuseIdentifier,

@@ -1,4 +1,3 @@
 #include "platform/makers/TBPSEmptyHeaderView.h"
 
-constexpr ClassDescription TBPSEmptyHeaderView::classObject{
-    "TBPSEmptyHeaderView", &UIView::classObject, &allocObject<TBPSEmptyHeaderView>, {}};
+constexpr ClassOf<TBPSEmptyHeaderView> TBPSEmptyHeaderView::classObject{"TBPSEmptyHeaderView"};

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIView.h"
 
 /// A group's header in which nothing is drawn. Main thread.
-class PLATFORM_API TBPSEmptyHeaderView : public UIView {
+class PLATFORM_API TBPSEmptyHeaderView : public Subclass<TBPSEmptyHeaderView, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<TBPSEmptyHeaderView> classObject;
 };

@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription TBPSSpinnerTableCell::classObject{
-    "TBPSSpinnerTableCell", &PSTableCell::classObject, &allocObject<TBPSSpinnerTableCell>, {}};
+constexpr ClassOf<TBPSSpinnerTableCell> TBPSSpinnerTableCell::classObject{"TBPSSpinnerTableCell"};
 
 bool TBPSSpinnerTableCell::initWithStyleReuseIdentifierSpecifier(
     UITableViewCellStyle style, std::string reuseIdentifier,

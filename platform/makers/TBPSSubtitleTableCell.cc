@@ -6,8 +6,8 @@
 
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription TBPSSubtitleTableCell::classObject{
-    "TBPSSubtitleTableCell", &PSTableCell::classObject, &allocObject<TBPSSubtitleTableCell>, {}};
+constexpr ClassOf<TBPSSubtitleTableCell> TBPSSubtitleTableCell::classObject{
+    "TBPSSubtitleTableCell"};
 
 namespace {
 

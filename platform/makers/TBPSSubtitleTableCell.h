@@ -4,14 +4,14 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSTableCell.h"
 
 /// A row with its `detailText` below the title, in as many lines as it takes; rows mark it with
 /// `dynamicHeight`. Main thread.
-class PLATFORM_API TBPSSubtitleTableCell : public PSTableCell {
+class PLATFORM_API TBPSSubtitleTableCell : public Subclass<TBPSSubtitleTableCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<TBPSSubtitleTableCell> classObject;
 
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle style, std::string reuseIdentifier,

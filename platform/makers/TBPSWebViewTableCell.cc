@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription TBPSWebViewTableCell::classObject{
-    "TBPSWebViewTableCell", &PSTableCell::classObject, &allocObject<TBPSWebViewTableCell>, {}};
+constexpr ClassOf<TBPSWebViewTableCell> TBPSWebViewTableCell::classObject{"TBPSWebViewTableCell"};
 
 namespace {
 

@@ -4,15 +4,15 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UIWebView.h"
 
 /// A row that loads and shows the page at its `url`, over its whole area; without one it is empty.
 /// Main thread.
-class PLATFORM_API TBPSWebViewTableCell : public PSTableCell {
+class PLATFORM_API TBPSWebViewTableCell : public Subclass<TBPSWebViewTableCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<TBPSWebViewTableCell> classObject;
 
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle style, std::string reuseIdentifier,

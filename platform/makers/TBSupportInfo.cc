@@ -2,8 +2,7 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription TBSupportInfo::classObject{
-    "TBSupportInfo", &NSObject::classObject, &allocObject<TBSupportInfo>, {}};
+constexpr ClassOf<TBSupportInfo> TBSupportInfo::classObject{"TBSupportInfo"};
 
 namespace {
 

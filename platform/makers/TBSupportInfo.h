@@ -6,14 +6,13 @@
 #include <string_view>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// What a support mail tells: the subject from the package, the attachment from the package's
 /// settings and the kind of device. Nothing else of the user goes in. Main thread.
-class PLATFORM_API TBSupportInfo : public NSObject {
+class PLATFORM_API TBSupportInfo : public Subclass<TBSupportInfo, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<TBSupportInfo> classObject;
 
   /// `path` is the bundle folder of the package; its name and version come from the Info.plist in
   /// it, and with `TBSupportPreferenceKeys` a list of the keys of its settings. A package without

@@ -4,11 +4,8 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription MFMailComposeViewController::classObject{
-    "MFMailComposeViewController",
-    &UIViewController::classObject,
-    &allocObject<MFMailComposeViewController>,
-    {}};
+constexpr ClassOf<MFMailComposeViewController> MFMailComposeViewController::classObject{
+    "MFMailComposeViewController"};
 
 MFMailComposeViewControllerDelegate::~MFMailComposeViewControllerDelegate() = default;
 

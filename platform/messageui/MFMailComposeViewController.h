@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/messageui/MailMessage.h"
 #include "platform/uikit/UIViewController.h"
 
@@ -26,10 +27,10 @@ class PLATFORM_API MFMailComposeViewControllerDelegate {
 
 /// A sheet in which the user completes a mail and sends it, keeps it as a draft or drops it. Main
 /// thread.
-class PLATFORM_API MFMailComposeViewController : public UIViewController {
+class PLATFORM_API MFMailComposeViewController
+    : public Subclass<MFMailComposeViewController, UIViewController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<MFMailComposeViewController> classObject;
 
   /// Whether a mail account is set up here.
   static bool canSendMail();

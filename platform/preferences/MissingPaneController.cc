@@ -1,9 +1,7 @@
 #include "platform/preferences/MissingPaneController.h"
 
-constexpr ClassDescription MissingPaneController::classObject{"MissingPaneController",
-                                                              &PSListController::classObject,
-                                                              &allocObject<MissingPaneController>,
-                                                              {}};
+constexpr ClassOf<MissingPaneController> MissingPaneController::classObject{
+    "MissingPaneController"};
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
 
 /// Why a page cannot be opened: no class has the name, the class is no page, or its init failed.
@@ -11,10 +12,10 @@ enum class MissingPaneReason { kNoSuchClass, kNoPane, kNotMade };
 
 /// Stands in for a page that cannot be opened and says which class is concerned and why, so that a
 /// row never leads nowhere. Main thread.
-class PLATFORM_API MissingPaneController : public PSListController {
+class PLATFORM_API MissingPaneController
+    : public Subclass<MissingPaneController, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<MissingPaneController> classObject;
 
   /// The page for a class of that name, titled as the row that led here (null for none). Never
   /// null.

@@ -1,6 +1,5 @@
 #include "platform/preferences/PSEditableTableCell.h"
 
-#include <array>
 #include <cmath>
 #include <utility>
 
@@ -11,13 +10,13 @@
 
 namespace {
 
-constexpr std::array kMethods{
-    method<&PSEditableTableCell::textFieldDidEndEditing>("textFieldDidEndEditing")};
+constexpr auto kMethods = methods<PSEditableTableCell>(
+    method<&PSEditableTableCell::textFieldDidEndEditing>("textFieldDidEndEditing"));
 
 }  // namespace
 
-constexpr ClassDescription PSEditableTableCell::classObject{
-    "PSEditableTableCell", &PSTableCell::classObject, &allocObject<PSEditableTableCell>, kMethods};
+constexpr ClassOf<PSEditableTableCell> PSEditableTableCell::classObject{"PSEditableTableCell",
+                                                                        kMethods};
 
 bool PSEditableTableCell::initWithStyleReuseIdentifierSpecifier(
     UITableViewCellStyle style, std::string reuseIdentifier,

@@ -4,15 +4,15 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UITextField.h"
 
 /// A row in which the user types: the field shows the row's value and hands what was typed to the
 /// row's setter when editing ends. Main thread.
-class PLATFORM_API PSEditableTableCell : public PSTableCell {
+class PLATFORM_API PSEditableTableCell : public Subclass<PSEditableTableCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<PSEditableTableCell> classObject;
 
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle style, std::string reuseIdentifier,

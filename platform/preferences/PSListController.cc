@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/MissingPaneController.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/preferences/SpecifierListReader.h"
@@ -11,14 +12,15 @@
 #include "platform/uikit/UITableViewHeaderFooterView.h"
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription PSListController::classObject{
-    "PSListController", &UIViewController::classObject, &allocObject<PSListController>, {}};
+constexpr ClassOf<PSListController> PSListController::classObject{"PSListController"};
 
 namespace {
 
 // Holds a pane's table and whatever else the pane adds, and keeps the table at its own size.
-class PaneView : public UIView {
+class PaneView : public Subclass<PaneView, UIView> {
  public:
+  static const ClassOf<PaneView> classObject;
+
   void setTable(const std::shared_ptr<UITableView>& table) {
     table_ = table;
     addSubview(table);
@@ -33,6 +35,9 @@ class PaneView : public UIView {
  private:
   std::shared_ptr<UITableView> table_;
 };
+
+// To whoever asks, this is a plain view.
+constexpr ClassOf<PaneView> PaneView::classObject{"UIView"};
 
 NSTextAlignment alignmentOf(const PSSpecifier& group) {
   const auto number = integerOrZero(group.plistForKey("alignment"));
@@ -264,8 +269,10 @@ std::shared_ptr<PSTableCell> PSListController::makeCell(
     const std::shared_ptr<PSSpecifier>& specifier) const {
   const auto* description = specifier->classForKey("cellClass");
   if (!description || !description->isSubclassOf(PSTableCell::classObject)) {
-    description = specifier->cellType() == PSCellType::kEditText ? &PSEditableTableCell::classObject
-                                                                 : &PSTableCell::classObject;
+    description = &PSTableCell::classObject;
+    if (specifier->cellType() == PSCellType::kEditText) {
+      description = &PSEditableTableCell::classObject;
+    }
   }
   const auto style = PSTableCell::styleForCellType(specifier->cellType());
   auto cell = cast<PSTableCell>(description->alloc());

@@ -9,6 +9,7 @@
 
 #include "platform/api.h"
 #include "platform/foundation/NSBundle.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSSpecifier.h"
 #include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UITableView.h"
@@ -18,13 +19,12 @@
 ///
 /// A pane comes up in this order: init, the view loads, viewDidLoad, the rows are built,
 /// viewWillAppear:, layout. Loading the view never asks for rows. Main thread.
-class PLATFORM_API PSListController : public UIViewController,
+class PLATFORM_API PSListController : public Subclass<PSListController, UIViewController>,
                                       public UITableViewDataSource,
                                       public UITableViewDelegate {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<PSListController> classObject;
   ~PSListController() override;
-  const ClassDescription& classDescription() const override { return classObject; }
 
   /// The pane's rows. Overrides build them on the first call, with setSpecifiers, and give the kept
   /// list afterwards. Where there are none, an empty list.

@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription PSSpecifier::classObject{
-    "PSSpecifier", &NSObject::classObject, &allocObject<PSSpecifier>, {}};
+constexpr ClassOf<PSSpecifier> PSSpecifier::classObject{"PSSpecifier"};
 
 std::shared_ptr<PSSpecifier> PSSpecifier::groupSpecifierWithName(std::string name) {
   return preferenceSpecifierNamedTargetSetGetDetailCellEdit(std::move(name), nullptr, "", "", "",

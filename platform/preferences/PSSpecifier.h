@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
 #include "platform/foundation/PropertyList.h"
+#include "platform/foundation/Subclass.h"
 
 class PSSpecifier;
 
@@ -37,10 +37,9 @@ using PSPropertyValue =
 ///
 /// The bag may be read and written from any thread, one property at a time; everything else belongs
 /// to the main thread. The target is held weakly.
-class PLATFORM_API PSSpecifier : public NSObject {
+class PLATFORM_API PSSpecifier : public Subclass<PSSpecifier, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<PSSpecifier> classObject;
 
   /// A group, which begins with the row after it; the name is its header's text, empty for none.
   static std::shared_ptr<PSSpecifier> groupSpecifierWithName(std::string name);

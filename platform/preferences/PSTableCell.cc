@@ -8,8 +8,7 @@
 
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription PSTableCell::classObject{
-    "PSTableCell", &UITableViewCell::classObject, &allocObject<PSTableCell>, {}};
+constexpr ClassOf<PSTableCell> PSTableCell::classObject{"PSTableCell"};
 
 namespace {
 

@@ -6,15 +6,15 @@
 #include <string_view>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSSpecifier.h"
 #include "platform/uikit/UITableViewCell.h"
 
 /// The cell of a pane's row: title, value, icon and badge from the row, which it reads only while
 /// it is built. Main thread.
-class PLATFORM_API PSTableCell : public UITableViewCell {
+class PLATFORM_API PSTableCell : public Subclass<PSTableCell, UITableViewCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<PSTableCell> classObject;
 
   /// The cell type of that name ("PSLinkCell", …); kDefault for a name that is not known.
   static PSCellType cellTypeFromString(std::string_view name);

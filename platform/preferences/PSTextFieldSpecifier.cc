@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription PSTextFieldSpecifier::classObject{
-    "PSTextFieldSpecifier", &PSSpecifier::classObject, &allocObject<PSTextFieldSpecifier>, {}};
+constexpr ClassOf<PSTextFieldSpecifier> PSTextFieldSpecifier::classObject{"PSTextFieldSpecifier"};
 
 std::shared_ptr<PSTextFieldSpecifier>
 PSTextFieldSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(

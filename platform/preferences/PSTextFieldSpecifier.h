@@ -4,14 +4,14 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSSpecifier.h"
 #include "platform/uikit/UITextField.h"
 
 /// A row whose cell may be a text field. Main thread.
-class PLATFORM_API PSTextFieldSpecifier : public PSSpecifier {
+class PLATFORM_API PSTextFieldSpecifier : public Subclass<PSTextFieldSpecifier, PSSpecifier> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<PSTextFieldSpecifier> classObject;
 
   /// As PSSpecifier's.
   static std::shared_ptr<PSTextFieldSpecifier> preferenceSpecifierNamedTargetSetGetDetailCellEdit(

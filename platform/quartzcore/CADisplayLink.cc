@@ -5,8 +5,7 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription CADisplayLink::classObject{
-    "CADisplayLink", &NSObject::classObject, &allocObject<CADisplayLink>, {}};
+constexpr ClassOf<CADisplayLink> CADisplayLink::classObject{"CADisplayLink"};
 
 namespace {
 

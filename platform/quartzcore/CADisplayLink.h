@@ -6,17 +6,16 @@
 #include <vector>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
 #include "platform/foundation/NSRunLoop.h"
+#include "platform/foundation/Subclass.h"
 
 /// Sends a message to its target on every refresh of the screen, while the screen shows something.
 /// The main run loop keeps the link and the link its target until it is invalidated. The refreshes
 /// come from the display refresh service, which is asked for them only while a link waits for
 /// them. Main thread.
-class PLATFORM_API CADisplayLink : public NSObject {
+class PLATFORM_API CADisplayLink : public Subclass<CADisplayLink, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<CADisplayLink> classObject;
 
   /// `selector` names an action of the target that takes the link.
   static std::shared_ptr<CADisplayLink> displayLinkWithTargetSelector(

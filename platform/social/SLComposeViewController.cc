@@ -2,11 +2,8 @@
 
 #include <utility>
 
-constexpr ClassDescription SLComposeViewController::classObject{
-    "SLComposeViewController",
-    &UIViewController::classObject,
-    &allocObject<SLComposeViewController>,
-    {}};
+constexpr ClassOf<SLComposeViewController> SLComposeViewController::classObject{
+    "SLComposeViewController"};
 
 std::shared_ptr<SLComposeViewController>
 SLComposeViewController::composeViewControllerForServiceType(std::string_view serviceType) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIImage.h"
 #include "platform/uikit/UIViewController.h"
 
@@ -18,10 +19,10 @@ enum class SLComposeViewControllerResult { kCancelled = 0, kDone = 1 };
 
 /// A sheet in which the user completes and posts a short text through a social service. Main
 /// thread.
-class PLATFORM_API SLComposeViewController : public UIViewController {
+class PLATFORM_API SLComposeViewController
+    : public Subclass<SLComposeViewController, UIViewController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<SLComposeViewController> classObject;
 
   static std::shared_ptr<SLComposeViewController> composeViewControllerForServiceType(
       std::string_view serviceType);

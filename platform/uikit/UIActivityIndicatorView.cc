@@ -2,8 +2,8 @@
 
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription UIActivityIndicatorView::classObject{
-    "UIActivityIndicatorView", &UIView::classObject, &allocObject<UIActivityIndicatorView>, {}};
+constexpr ClassOf<UIActivityIndicatorView> UIActivityIndicatorView::classObject{
+    "UIActivityIndicatorView"};
 
 bool UIActivityIndicatorView::initWithFrame(CGRect frame) {
   if (!UIView::initWithFrame(

@@ -4,8 +4,7 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription UIAlertView::classObject{
-    "UIAlertView", &NSObject::classObject, &allocObject<UIAlertView>, {}};
+constexpr ClassOf<UIAlertView> UIAlertView::classObject{"UIAlertView"};
 
 bool UIAlertView::initWithTitleMessageCancelButtonTitle(std::string title, std::string message,
                                                         std::string cancelButtonTitle) {

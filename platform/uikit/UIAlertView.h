@@ -4,13 +4,12 @@
 #include <string>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// A message above everything, with one button that closes it. Main thread.
-class PLATFORM_API UIAlertView : public NSObject {
+class PLATFORM_API UIAlertView : public Subclass<UIAlertView, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIAlertView> classObject;
 
   bool initWithTitleMessageCancelButtonTitle(std::string title, std::string message,
                                              std::string cancelButtonTitle);

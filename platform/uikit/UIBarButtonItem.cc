@@ -1,7 +1,6 @@
 #include "platform/uikit/UIBarButtonItem.h"
 
-constexpr ClassDescription UIBarButtonItem::classObject{
-    "UIBarButtonItem", &NSObject::classObject, &allocObject<UIBarButtonItem>, {}};
+constexpr ClassOf<UIBarButtonItem> UIBarButtonItem::classObject{"UIBarButtonItem"};
 
 bool UIBarButtonItem::initWithImageStyleTargetAction(const std::shared_ptr<UIImage>& image,
                                                      UIBarButtonItemStyle style,

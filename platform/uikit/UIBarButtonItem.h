@@ -5,17 +5,16 @@
 #include <string_view>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIImage.h"
 
 /// The numbers are the platform's.
 enum class UIBarButtonItemStyle { kPlain = 0, kDone = 2 };
 
 /// A button of the navigation bar. It holds its target weakly. Main thread.
-class PLATFORM_API UIBarButtonItem : public NSObject {
+class PLATFORM_API UIBarButtonItem : public Subclass<UIBarButtonItem, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIBarButtonItem> classObject;
 
   /// A null image leaves a button without a picture. `action` is a selector of the target.
   bool initWithImageStyleTargetAction(const std::shared_ptr<UIImage>& image,

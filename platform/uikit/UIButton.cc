@@ -1,7 +1,6 @@
 #include "platform/uikit/UIButton.h"
 
-constexpr ClassDescription UIButton::classObject{
-    "UIButton", &UIControl::classObject, &allocObject<UIButton>, {}};
+constexpr ClassOf<UIButton> UIButton::classObject{"UIButton"};
 
 void UIButton::setImage(const std::shared_ptr<UIImage>& image) {
   image_ = image;

@@ -1,7 +1,6 @@
 #include "platform/uikit/UIControl.h"
 
-constexpr ClassDescription UIControl::classObject{
-    "UIControl", &UIView::classObject, &allocObject<UIControl>, {}};
+constexpr ClassOf<UIControl> UIControl::classObject{"UIControl"};
 
 void UIControl::setEnabled(bool enabled) {
   enabled_ = enabled;

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIView.h"
 
 /// What the user has done: let go of the control after pressing it, chosen another value, ended an
@@ -13,10 +14,9 @@
 enum class UIControlEvent { kTouchUpInside, kValueChanged, kEditingDidEnd };
 
 /// A view that the user operates. Targets are held weakly. Main thread.
-class PLATFORM_API UIControl : public UIView {
+class PLATFORM_API UIControl : public Subclass<UIControl, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIControl> classObject;
 
   bool isEnabled() const { return enabled_; }
   void setEnabled(bool enabled);

@@ -5,8 +5,7 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription UIImage::classObject{
-    "UIImage", &NSObject::classObject, &allocObject<UIImage>, {}};
+constexpr ClassOf<UIImage> UIImage::classObject{"UIImage"};
 
 std::shared_ptr<UIImage> UIImage::imageNamed(const std::string& path) {
   struct Variant {

@@ -6,7 +6,7 @@
 #include "platform/api.h"
 #include "platform/coregraphics/CGGeometry.h"
 #include "platform/coregraphics/CGImage.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// Whether a picture is drawn as it is or only its shape, in the tint in force where it stands;
 /// automatic leaves that to the view.
@@ -17,10 +17,9 @@ enum class UIImageOrientation { kUp = 0 };
 
 /// A picture, from a file or from pixels. Those of a file stay in it until a host draws them. Main
 /// thread.
-class PLATFORM_API UIImage : public NSObject {
+class PLATFORM_API UIImage : public Subclass<UIImage, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIImage> classObject;
 
   /// The picture at that device path, in its finest variant ("name@3x.png", then "name@2x.png",
   /// then "name.png"); null when there is none that can be read.

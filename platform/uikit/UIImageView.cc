@@ -1,7 +1,6 @@
 #include "platform/uikit/UIImageView.h"
 
-constexpr ClassDescription UIImageView::classObject{
-    "UIImageView", &UIView::classObject, &allocObject<UIImageView>, {}};
+constexpr ClassOf<UIImageView> UIImageView::classObject{"UIImageView"};
 
 bool UIImageView::initWithImage(const std::shared_ptr<UIImage>& image) {
   if (!initWithFrame({{}, image ? image->size() : CGSizeZero})) {

@@ -3,14 +3,14 @@
 #include <memory>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIImage.h"
 #include "platform/uikit/UIView.h"
 
 /// Shows one picture, scaled to the view. Main thread.
-class PLATFORM_API UIImageView : public UIView {
+class PLATFORM_API UIImageView : public Subclass<UIImageView, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIImageView> classObject;
 
   /// The view takes the image's size; a null image leaves it empty.
   bool initWithImage(const std::shared_ptr<UIImage>& image);

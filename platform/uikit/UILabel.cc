@@ -4,8 +4,7 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription UILabel::classObject{
-    "UILabel", &UIView::classObject, &allocObject<UILabel>, {}};
+constexpr ClassOf<UILabel> UILabel::classObject{"UILabel"};
 
 void UILabel::setText(std::string text) {
   text_ = std::move(text);

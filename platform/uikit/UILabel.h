@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIFont.h"
 #include "platform/uikit/UIView.h"
 
@@ -10,10 +11,9 @@
 enum class NSTextAlignment { kLeft = 0, kCenter = 1, kRight = 2, kNatural = 4 };
 
 /// Read-only text. Main thread.
-class PLATFORM_API UILabel : public UIView {
+class PLATFORM_API UILabel : public Subclass<UILabel, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UILabel> classObject;
 
   const std::string& text() const { return text_; }
   void setText(std::string text);

@@ -1,9 +1,7 @@
 #include "platform/uikit/UINavigationController.h"
 
-constexpr ClassDescription UINavigationController::classObject{"UINavigationController",
-                                                               &UIViewController::classObject,
-                                                               &allocObject<UINavigationController>,
-                                                               {}};
+constexpr ClassOf<UINavigationController> UINavigationController::classObject{
+    "UINavigationController"};
 
 UINavigationControllerObserver::~UINavigationControllerObserver() = default;
 

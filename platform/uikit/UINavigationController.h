@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIViewController.h"
 
 /// Follows the stack, for the host that shows it. Main thread.
@@ -16,10 +17,10 @@ class PLATFORM_API UINavigationControllerObserver {
 
 /// A stack of pages of which the topmost is seen: its view alone stands in the stack's own view.
 /// Owns the pages. Main thread.
-class PLATFORM_API UINavigationController : public UIViewController {
+class PLATFORM_API UINavigationController
+    : public Subclass<UINavigationController, UIViewController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UINavigationController> classObject;
 
   /// The pages from the bottom.
   const std::vector<std::shared_ptr<UIViewController>>& viewControllers() const {

@@ -1,4 +1,3 @@
 #include "platform/uikit/UINavigationItem.h"
 
-constexpr ClassDescription UINavigationItem::classObject{
-    "UINavigationItem", &NSObject::classObject, &allocObject<UINavigationItem>, {}};
+constexpr ClassOf<UINavigationItem> UINavigationItem::classObject{"UINavigationItem"};

@@ -4,15 +4,14 @@
 #include <string>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIBarButtonItem.h"
 #include "platform/uikit/UIView.h"
 
 /// What the navigation bar shows while a page is on top. Main thread.
-class PLATFORM_API UINavigationItem : public NSObject {
+class PLATFORM_API UINavigationItem : public Subclass<UINavigationItem, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UINavigationItem> classObject;
 
   const std::string& title() const { return title_; }
   void setTitle(std::string title) { title_ = std::move(title); }

@@ -1,7 +1,6 @@
 #include "platform/uikit/UIScrollView.h"
 
-constexpr ClassDescription UIScrollView::classObject{
-    "UIScrollView", &UIView::classObject, &allocObject<UIScrollView>, {}};
+constexpr ClassOf<UIScrollView> UIScrollView::classObject{"UIScrollView"};
 
 void UIScrollView::setContentSize(CGSize size) {
   if (size != contentSize_) {

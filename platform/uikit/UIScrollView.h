@@ -1,13 +1,13 @@
 #pragma once
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIView.h"
 
 /// A part of something larger. Main thread.
-class PLATFORM_API UIScrollView : public UIView {
+class PLATFORM_API UIScrollView : public Subclass<UIScrollView, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIScrollView> classObject;
 
   /// The size, in points, of the whole of which the view shows a part.
   CGSize contentSize() const { return contentSize_; }

@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription UISegmentedControl::classObject{
-    "UISegmentedControl", &UIControl::classObject, &allocObject<UISegmentedControl>, {}};
+constexpr ClassOf<UISegmentedControl> UISegmentedControl::classObject{"UISegmentedControl"};
 
 bool UISegmentedControl::initWithItems(std::vector<std::string> titles) {
   titles_ = std::move(titles);

@@ -5,14 +5,14 @@
 #include <vector>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIControl.h"
 
 /// A row of segments of which at most one is selected. When the user chooses another one,
 /// `kValueChanged` is sent. Main thread.
-class PLATFORM_API UISegmentedControl : public UIControl {
+class PLATFORM_API UISegmentedControl : public Subclass<UISegmentedControl, UIControl> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UISegmentedControl> classObject;
 
   /// The selected index while no segment is selected.
   static constexpr int kNoSegment = -1;

@@ -5,8 +5,7 @@
 
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription UITableView::classObject{
-    "UITableView", &UIView::classObject, &allocObject<UITableView>, {}};
+constexpr ClassOf<UITableView> UITableView::classObject{"UITableView"};
 
 UITableViewDataSource::~UITableViewDataSource() = default;
 UITableViewDelegate::~UITableViewDelegate() = default;

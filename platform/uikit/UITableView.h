@@ -5,6 +5,7 @@
 
 #include "platform/api.h"
 #include "platform/foundation/NSIndexPath.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UITableViewCell.h"
 #include "platform/uikit/UIView.h"
 
@@ -41,10 +42,9 @@ class PLATFORM_API UITableViewDelegate {
 /// then for every row in order the cell; another width asks for the heights alone. Rows are never
 /// recycled, and a view that the table is given again stays where it is. Whoever is asked may
 /// reload the table: what is under way is then dropped, and everything asked anew. Main thread.
-class PLATFORM_API UITableView : public UIView {
+class PLATFORM_API UITableView : public Subclass<UITableView, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UITableView> classObject;
 
   bool initWithFrame(CGRect frame) override;
 

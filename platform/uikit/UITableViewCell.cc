@@ -8,8 +8,7 @@
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription UITableViewCell::classObject{
-    "UITableViewCell", &UIView::classObject, &allocObject<UITableViewCell>, {}};
+constexpr ClassOf<UITableViewCell> UITableViewCell::classObject{"UITableViewCell"};
 
 namespace {
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/UILabel.h"
 #include "platform/uikit/UIView.h"
@@ -18,10 +19,9 @@ enum class UITableViewCellPosition { kSingle, kFirst, kMiddle, kLast };
 
 /// One row of a table: a content view with icon, title and value, and an accessory at the right
 /// end. Main thread.
-class PLATFORM_API UITableViewCell : public UIView {
+class PLATFORM_API UITableViewCell : public Subclass<UITableViewCell, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UITableViewCell> classObject;
 
   virtual bool initWithStyleReuseIdentifier(UITableViewCellStyle style,
                                             std::string reuseIdentifier);

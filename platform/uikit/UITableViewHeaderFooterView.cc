@@ -4,11 +4,8 @@
 
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription UITableViewHeaderFooterView::classObject{
-    "UITableViewHeaderFooterView",
-    &UIView::classObject,
-    &allocObject<UITableViewHeaderFooterView>,
-    {}};
+constexpr ClassOf<UITableViewHeaderFooterView> UITableViewHeaderFooterView::classObject{
+    "UITableViewHeaderFooterView"};
 
 bool UITableViewHeaderFooterView::initWithEdge(UITableViewSectionEdge edge) {
   if (!initWithFrame(CGRectZero)) {

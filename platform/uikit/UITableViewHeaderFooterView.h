@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UILabel.h"
 #include "platform/uikit/UIView.h"
 
@@ -10,10 +11,10 @@ enum class UITableViewSectionEdge { kHeader, kFooter };
 
 /// The text above or below a group. A header's letters are shown as capitals and stand right above
 /// the group, a footer's text stands right below it. Main thread.
-class PLATFORM_API UITableViewHeaderFooterView : public UIView {
+class PLATFORM_API UITableViewHeaderFooterView
+    : public Subclass<UITableViewHeaderFooterView, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UITableViewHeaderFooterView> classObject;
 
   bool initWithEdge(UITableViewSectionEdge edge);
 

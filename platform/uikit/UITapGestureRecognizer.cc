@@ -1,7 +1,7 @@
 #include "platform/uikit/UITapGestureRecognizer.h"
 
-constexpr ClassDescription UITapGestureRecognizer::classObject{
-    "UITapGestureRecognizer", &NSObject::classObject, &allocObject<UITapGestureRecognizer>, {}};
+constexpr ClassOf<UITapGestureRecognizer> UITapGestureRecognizer::classObject{
+    "UITapGestureRecognizer"};
 
 bool UITapGestureRecognizer::initWithTargetAction(const std::shared_ptr<NSObject>& target,
                                                   std::string_view action) {

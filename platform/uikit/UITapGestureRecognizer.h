@@ -5,13 +5,12 @@
 #include <string_view>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 /// A tap anywhere in the view that it is added to. It holds its target weakly. Main thread.
-class PLATFORM_API UITapGestureRecognizer : public NSObject {
+class PLATFORM_API UITapGestureRecognizer : public Subclass<UITapGestureRecognizer, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UITapGestureRecognizer> classObject;
 
   bool initWithTargetAction(const std::shared_ptr<NSObject>& target, std::string_view action);
 

@@ -2,8 +2,7 @@
 
 #include <utility>
 
-constexpr ClassDescription UITextField::classObject{
-    "UITextField", &UIControl::classObject, &allocObject<UITextField>, {}};
+constexpr ClassOf<UITextField> UITextField::classObject{"UITextField"};
 
 namespace {
 

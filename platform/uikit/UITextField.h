@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIControl.h"
 #include "platform/uikit/UIFont.h"
 
@@ -17,11 +18,10 @@ enum class UITextAutocorrectionType { kDefault = 0, kNo = 1, kYes = 2 };
 /// Editing begins when the field gets the focus. It ends when the field loses it, on Return, or
 /// when its page is left: if the user has changed the text by then, `kEditingDidEnd` is sent, once.
 /// Main thread.
-class PLATFORM_API UITextField : public UIControl {
+class PLATFORM_API UITextField : public Subclass<UITextField, UIControl> {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<UITextField> classObject;
   ~UITextField() override;
-  const ClassDescription& classDescription() const override { return classObject; }
 
   const std::string& text() const { return text_; }
   /// Shows another text; this is not an edit of the user's.

@@ -8,8 +8,7 @@
 #include "platform/uikit/UIWindow.h"
 #include "platform/uikit/metrics.h"
 
-constexpr ClassDescription UIView::classObject{
-    "UIView", &NSObject::classObject, &allocObject<UIView>, {}};
+constexpr ClassOf<UIView> UIView::classObject{"UIView"};
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "platform/api.h"
 #include "platform/coregraphics/CGGeometry.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/quartzcore/CALayer.h"
 #include "platform/uikit/UIColor.h"
 
@@ -29,13 +29,12 @@ class UIViewObserver {
 
 /// A rectangle on the screen. Frames are in points in the superview. A view owns its subviews and
 /// knows its superview weakly. Main thread.
-class PLATFORM_API UIView : public NSObject, public CALayerDelegate {
+class PLATFORM_API UIView : public Subclass<UIView, NSObject>, public CALayerDelegate {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<UIView> classObject;
 
   UIView() = default;
   ~UIView() override;
-  const ClassDescription& classDescription() const override { return classObject; }
 
   bool init() override;
   virtual bool initWithFrame(CGRect frame);

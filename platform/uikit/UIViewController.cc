@@ -5,8 +5,7 @@
 #include "platform/services.h"
 #include "platform/uikit/UINavigationController.h"
 
-constexpr ClassDescription UIViewController::classObject{
-    "UIViewController", &NSObject::classObject, &allocObject<UIViewController>, {}};
+constexpr ClassOf<UIViewController> UIViewController::classObject{"UIViewController"};
 
 const std::shared_ptr<UIView>& UIViewController::view() {
   if (!view_) {

@@ -5,17 +5,16 @@
 #include <string>
 
 #include "platform/api.h"
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UINavigationItem.h"
 #include "platform/uikit/UIView.h"
 
 class UINavigationController;
 
 /// One page and its view. Main thread.
-class PLATFORM_API UIViewController : public NSObject {
+class PLATFORM_API UIViewController : public Subclass<UIViewController, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIViewController> classObject;
 
   /// The page's view; the first call loads it (loadView, then viewDidLoad).
   const std::shared_ptr<UIView>& view();

@@ -5,8 +5,7 @@
 
 #include "platform/services.h"
 
-constexpr ClassDescription UIWebView::classObject{
-    "UIWebView", &UIView::classObject, &allocObject<UIWebView>, {}};
+constexpr ClassOf<UIWebView> UIWebView::classObject{"UIWebView"};
 
 UIWebViewDelegate::~UIWebViewDelegate() = default;
 

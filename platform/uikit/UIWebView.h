@@ -5,6 +5,7 @@
 
 #include "platform/api.h"
 #include "platform/foundation/NSURLRequest.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIScrollView.h"
 #include "platform/uikit/UIView.h"
 
@@ -21,10 +22,9 @@ class PLATFORM_API UIWebViewDelegate {
 
 /// Loads a web page, and shows it unless it is hidden. The page is loaded and drawn by the machine;
 /// its content size is known once it has been loaded, and follows the view's width. Main thread.
-class PLATFORM_API UIWebView : public UIView {
+class PLATFORM_API UIWebView : public Subclass<UIWebView, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIWebView> classObject;
 
   /// The content of a longer page ends here, in points: what is as high as its page takes memory in
   /// proportion, and the page comes from elsewhere.

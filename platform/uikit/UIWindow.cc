@@ -1,7 +1,6 @@
 #include "platform/uikit/UIWindow.h"
 
-constexpr ClassDescription UIWindow::classObject{
-    "UIWindow", &UIView::classObject, &allocObject<UIWindow>, {}};
+constexpr ClassOf<UIWindow> UIWindow::classObject{"UIWindow"};
 
 std::shared_ptr<UIWindow> UIWindow::window() const {
   // Null once the window is being destroyed.

@@ -3,14 +3,14 @@
 #include <memory>
 
 #include "platform/api.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIView.h"
 #include "platform/uikit/UIViewController.h"
 
 /// The root of the views that are on screen. Main thread.
-class PLATFORM_API UIWindow : public UIView {
+class PLATFORM_API UIWindow : public Subclass<UIWindow, UIView> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UIWindow> classObject;
 
   std::shared_ptr<UIWindow> window() const override;
 

@@ -4,14 +4,14 @@
 #include <string>
 #include <utility>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSTableCell.h"
 
 /// A row's cell that wants to be half as high as the width that it is offered, and counts how many
 /// of it were set up.
-class HalfHighCell : public PSTableCell {
+class HalfHighCell : public Subclass<HalfHighCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<HalfHighCell> classObject;
 
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle style, std::string reuseIdentifier,
@@ -25,5 +25,4 @@ class HalfHighCell : public PSTableCell {
   inline static int made = 0;
 };
 
-inline constexpr ClassDescription HalfHighCell::classObject{
-    "HalfHighCell", &PSTableCell::classObject, &allocObject<HalfHighCell>, {}};
+inline constexpr ClassOf<HalfHighCell> HalfHighCell::classObject{"HalfHighCell"};

@@ -1,22 +1,18 @@
 #pragma once
 
-#include <array>
-
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 
 /// Counts how often it is told that an animation has stopped.
-class StopCounter : public NSObject {
+class StopCounter : public Subclass<StopCounter, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<StopCounter> classObject;
 
   void didStopAnimation() { ++stops; }
 
   int stops = 0;
 };
 
-inline constexpr std::array kStopCounterMethods{
-    method<&StopCounter::didStopAnimation>("didStopAnimation")};
-inline constexpr ClassDescription StopCounter::classObject{
-    "StopCounter", &NSObject::classObject, &allocObject<StopCounter>, kStopCounterMethods};
+inline constexpr auto kStopCounterMethods =
+    methods<StopCounter>(method<&StopCounter::didStopAnimation>("didStopAnimation"));
+inline constexpr ClassOf<StopCounter> StopCounter::classObject{"StopCounter", kStopCounterMethods};

@@ -4,21 +4,20 @@
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <array>
 #include <functional>
 
 #include <gtest/gtest.h>
 
 #include "linux/SystemClock.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 #include "platform/quartzcore/CADisplayLink.h"
 
 namespace {
 
-class Counter : public NSObject {
+class Counter : public Subclass<Counter, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<Counter> classObject;
 
   void refreshed(const std::shared_ptr<CADisplayLink>& link) {
     ++count;
@@ -29,9 +28,8 @@ class Counter : public NSObject {
   double time = 0;
 };
 
-constexpr std::array kMethods{method<&Counter::refreshed>("refreshed:")};
-constexpr ClassDescription Counter::classObject{"Counter", &NSObject::classObject,
-                                                &allocObject<Counter>, kMethods};
+constexpr auto kMethods = methods<Counter>(method<&Counter::refreshed>("refreshed:"));
+constexpr ClassOf<Counter> Counter::classObject{"Counter", kMethods};
 
 constexpr double kRate = 120;
 

@@ -1,19 +1,17 @@
 #include "animated/FLWeakProxy.h"
 
-#include <array>
-
 #include <gtest/gtest.h>
 
 #include "platform/foundation/NSNumber.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
 
-class Target : public NSObject {
+class Target : public Subclass<Target, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<Target> classObject;
 
   void take(const std::shared_ptr<NSNumber>& number) { taken = number; }
   std::optional<PropertyListValue> give(const NSNumber& row) {
@@ -29,10 +27,10 @@ class Target : public NSObject {
   std::uint64_t storedFor = 0;
 };
 
-constexpr std::array kTargetMethods{method<&Target::take>("take:"), method<&Target::give>("give:"),
-                                    method<&Target::put>("put:for:")};
-constexpr ClassDescription Target::classObject{"Target", &NSObject::classObject,
-                                               &allocObject<Target>, kTargetMethods};
+constexpr auto kTargetMethods =
+    methods<Target>(method<&Target::take>("take:"), method<&Target::give>("give:"),
+                    method<&Target::put>("put:for:"));
+constexpr ClassOf<Target> Target::classObject{"Target", kTargetMethods};
 
 class FLWeakProxyTest : public PaneTest {
  protected:

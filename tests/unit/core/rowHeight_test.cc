@@ -1,5 +1,6 @@
 #include "core/rowHeight.h"
 
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/HalfHighCell.h"
 #include "tests/support/PaneTest.h"
@@ -7,8 +8,10 @@
 
 namespace {
 
-class Pane : public PSListController {
+class Pane : public Subclass<Pane, PSListController> {
  public:
+  static const ClassOf<Pane> classObject;
+
   const PSSpecifiers& specifiers() override {
     if (!hasSpecifiers()) {
       setSpecifiers({row("plain", std::nullopt), row("off", false), row("on", true)});
@@ -29,6 +32,8 @@ class Pane : public PSListController {
     return row;
   }
 };
+
+constexpr ClassOf<Pane> Pane::classObject{"Pane"};
 
 class RowHeightTest : public PaneTest {
  protected:

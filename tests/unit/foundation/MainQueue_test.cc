@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/foundation/NSNumber.h"
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 #include "tests/support/PaneTest.h"
 
@@ -18,10 +19,9 @@ std::vector<std::string>& calls() {
   return list;
 }
 
-class Listener : public NSObject {
+class Listener : public Subclass<Listener, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<Listener> classObject;
   ~Listener() override { destroyedOnMain = MainQueue::shared().isCurrent(); }
 
   void first() { calls().emplace_back("first"); }
@@ -31,12 +31,11 @@ class Listener : public NSObject {
   inline static std::optional<bool> destroyedOnMain;
 };
 
-constexpr std::array kListenerMethods{method<&Listener::first>("first"),
-                                      method<&Listener::second>("second"),
-                                      method<&Listener::cancelling>("cancelling")};
+constexpr auto kListenerMethods =
+    methods<Listener>(method<&Listener::first>("first"), method<&Listener::second>("second"),
+                      method<&Listener::cancelling>("cancelling"));
 
-constexpr ClassDescription Listener::classObject{"Listener", &NSObject::classObject,
-                                                 &allocObject<Listener>, kListenerMethods};
+constexpr ClassOf<Listener> Listener::classObject{"Listener", kListenerMethods};
 
 class MainQueueTest : public PaneTest {
  protected:

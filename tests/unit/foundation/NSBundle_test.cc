@@ -4,29 +4,26 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/foundation/NSObject.h"
+#include "platform/foundation/Subclass.h"
 
 namespace {
 
-class First : public NSObject {
+class First : public Subclass<First, NSObject> {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<First> classObject;
 };
-class Second : public NSObject {
+class Second : public Subclass<Second, NSObject> {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<Second> classObject;
 };
-class Derived : public Second {
+class Derived : public Subclass<Derived, Second> {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<Derived> classObject;
 };
 
-constexpr ClassDescription First::classObject{
-    "First", &NSObject::classObject, &allocObject<First>, {}};
-constexpr ClassDescription Second::classObject{
-    "Second", &NSObject::classObject, &allocObject<Second>, {}};
-constexpr ClassDescription Derived::classObject{
-    "Derived", &Second::classObject, &allocObject<Derived>, {}};
+constexpr ClassOf<First> First::classObject{"First"};
+constexpr ClassOf<Second> Second::classObject{"Second"};
+constexpr ClassOf<Derived> Derived::classObject{"Derived"};
 
 constexpr std::array<const ClassDescription*, 1> kFirst{&First::classObject};
 constexpr std::array<const ClassDescription*, 1> kSecond{&Second::classObject};

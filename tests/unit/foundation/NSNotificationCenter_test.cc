@@ -1,10 +1,10 @@
 #include "platform/foundation/NSNotificationCenter.h"
 
-#include <array>
 #include <functional>
 
 #include <gmock/gmock.h>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 
 namespace {
@@ -12,10 +12,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Observer : public NSObject {
+class Observer : public Subclass<Observer, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<Observer> classObject;
   ~Observer() override { NSNotificationCenter::defaultCenter().removeObserver(*this); }
 
   void noted(const std::shared_ptr<NSNotification>& notification) {
@@ -31,9 +30,8 @@ class Observer : public NSObject {
   std::function<void()> then;
 };
 
-constexpr std::array kObserverMethods{method<&Observer::noted>("noted:")};
-constexpr ClassDescription Observer::classObject{"Observer", &NSObject::classObject,
-                                                 &allocObject<Observer>, kObserverMethods};
+constexpr auto kObserverMethods = methods<Observer>(method<&Observer::noted>("noted:"));
+constexpr ClassOf<Observer> Observer::classObject{"Observer", kObserverMethods};
 
 class NSNotificationCenterTest : public testing::Test {
  protected:

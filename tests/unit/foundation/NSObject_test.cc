@@ -1,17 +1,13 @@
-#include "platform/foundation/NSObject.h"
-
-#include <array>
-
 #include <gtest/gtest.h>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 
 namespace {
 
-class Target : public NSObject {
+class Target : public Subclass<Target, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<Target> classObject;
 
   void act() { ++actions; }
   std::optional<PropertyListValue> get(const NSObject& /*row*/) { return kept; }
@@ -21,10 +17,9 @@ class Target : public NSObject {
   PropertyListValue kept = 0;
 };
 
-constexpr std::array kTargetMethods{method<&Target::act>("act"), method<&Target::get>("get:"),
-                                    method<&Target::set>("set:row:")};
-constexpr ClassDescription Target::classObject{"Target", &NSObject::classObject,
-                                               &allocObject<Target>, kTargetMethods};
+constexpr auto kTargetMethods = methods<Target>(
+    method<&Target::act>("act"), method<&Target::get>("get:"), method<&Target::set>("set:row:"));
+constexpr ClassOf<Target> Target::classObject{"Target", kTargetMethods};
 
 class SelectorTest : public testing::Test {
  protected:

@@ -1,12 +1,15 @@
 #include "platform/makers/TBPSEmptyHeaderView.h"
 
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
 
-class Pane : public PSListController {
+class Pane : public Subclass<Pane, PSListController> {
  public:
+  static const ClassOf<Pane> classObject;
+
   const PSSpecifiers& specifiers() override {
     if (!hasSpecifiers()) {
       auto group = PSSpecifier::groupSpecifierWithName("Not shown");
@@ -16,6 +19,8 @@ class Pane : public PSListController {
     return keptSpecifiers();
   }
 };
+
+constexpr ClassOf<Pane> Pane::classObject{"Pane"};
 
 TEST_F(PaneTest, AnEmptyHeaderIsAGapInWhichNothingIsWritten) {
   const auto pane = open<Pane>();

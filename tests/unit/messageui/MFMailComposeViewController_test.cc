@@ -1,5 +1,6 @@
 #include "platform/messageui/MFMailComposeViewController.h"
 
+#include "platform/foundation/Subclass.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
@@ -7,8 +8,11 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Delegate : public UIViewController, public MFMailComposeViewControllerDelegate {
+class Delegate : public Subclass<Delegate, UIViewController>,
+                 public MFMailComposeViewControllerDelegate {
  public:
+  static const ClassOf<Delegate> classObject;
+
   void mailComposeControllerDidFinishWithResultError(
       MFMailComposeViewController& composer, MFMailComposeResult result,
       std::optional<MFMailComposeErrorCode> error) override {
@@ -20,6 +24,8 @@ class Delegate : public UIViewController, public MFMailComposeViewControllerDele
   bool dismisses = true;
   std::vector<std::pair<MFMailComposeResult, std::optional<MFMailComposeErrorCode>>> results;
 };
+
+constexpr ClassOf<Delegate> Delegate::classObject{"Delegate"};
 
 class MailComposerTest : public PaneTest {
  protected:

@@ -4,6 +4,7 @@
 #include <functional>
 #include <utility>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/UIImageView.h"
@@ -21,8 +22,10 @@ std::shared_ptr<PSSpecifier> row(const char* name) {
 }
 
 // a, then the group g with b and c, then the empty group h.
-class Pane : public PSListController {
+class Pane : public Subclass<Pane, PSListController> {
  public:
+  static const ClassOf<Pane> classObject;
+
   using PSListController::setSpecifiers;
   const PSSpecifiers& specifiers() override {
     if (!hasSpecifiers()) {
@@ -42,22 +45,22 @@ class Pane : public PSListController {
   std::vector<std::string> order;
 };
 
+constexpr ClassOf<Pane> Pane::classObject{"Pane"};
+
 // A pane whose set-up fails.
-class UnmakeablePane : public PSListController {
+class UnmakeablePane : public Subclass<UnmakeablePane, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<UnmakeablePane> classObject;
   bool init() override { return false; }
 };
 
-constexpr ClassDescription UnmakeablePane::classObject{
-    "UnmakeablePane", &PSListController::classObject, &allocObject<UnmakeablePane>, {}};
+constexpr ClassOf<UnmakeablePane> UnmakeablePane::classObject{"UnmakeablePane"};
 constexpr std::array<const ClassDescription*, 1> kUnmakeable{&UnmakeablePane::classObject};
 
 // A cell whose set-up fails.
-class UnmakeableCell : public PSTableCell {
+class UnmakeableCell : public Subclass<UnmakeableCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<UnmakeableCell> classObject;
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle /*style*/, std::string /*reuseIdentifier*/,
       const std::shared_ptr<PSSpecifier>& /*specifier*/) override {
@@ -65,8 +68,7 @@ class UnmakeableCell : public PSTableCell {
   }
 };
 
-constexpr ClassDescription UnmakeableCell::classObject{
-    "UnmakeableCell", &PSTableCell::classObject, &allocObject<UnmakeableCell>, {}};
+constexpr ClassOf<UnmakeableCell> UnmakeableCell::classObject{"UnmakeableCell"};
 
 // What the next cell or header that is set up does to its pane.
 std::function<void()>& change() {
@@ -81,9 +83,9 @@ void changeOnce() {
 }
 
 // A cell and a header that may change the rows while they are set up.
-class ChangingCell : public PSTableCell {
+class ChangingCell : public Subclass<ChangingCell, PSTableCell> {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<ChangingCell> classObject;
   bool initWithStyleReuseIdentifierSpecifier(
       UITableViewCellStyle style, std::string reuseIdentifier,
       const std::shared_ptr<PSSpecifier>& specifier) override {
@@ -93,20 +95,18 @@ class ChangingCell : public PSTableCell {
   }
 };
 
-constexpr ClassDescription ChangingCell::classObject{
-    "ChangingCell", &PSTableCell::classObject, &allocObject<ChangingCell>, {}};
+constexpr ClassOf<ChangingCell> ChangingCell::classObject{"ChangingCell"};
 
-class ChangingHeader : public UIView {
+class ChangingHeader : public Subclass<ChangingHeader, UIView> {
  public:
-  static const ClassDescription classObject;
+  static const ClassOf<ChangingHeader> classObject;
   bool init() override {
     changeOnce();
     return UIView::init();
   }
 };
 
-constexpr ClassDescription ChangingHeader::classObject{
-    "ChangingHeader", &UIView::classObject, &allocObject<ChangingHeader>, {}};
+constexpr ClassOf<ChangingHeader> ChangingHeader::classObject{"ChangingHeader"};
 
 class ListControllerTest : public PaneTest {
  protected:
@@ -450,8 +450,10 @@ TEST_F(ListControllerTest, ABadgeIsDrawnUnlessItsTextIsEmpty) {
 }
 
 // Says in `order` when it is asked for a height and when for a cell.
-class WatchedPane : public Pane {
+class WatchedPane : public Subclass<WatchedPane, Pane> {
  public:
+  static const ClassOf<WatchedPane> classObject;
+
   CGFloat tableViewHeightForRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override {
     order.emplace_back("height");
     return Pane::tableViewHeightForRowAtIndexPath(table, indexPath);
@@ -462,6 +464,8 @@ class WatchedPane : public Pane {
     return Pane::tableViewCellForRowAtIndexPath(table, indexPath);
   }
 };
+
+constexpr ClassOf<WatchedPane> WatchedPane::classObject{"WatchedPane"};
 
 TEST_F(ListControllerTest, AtTheUsualTextSizeNoCellIsBuiltBeforeAllHeightsAreKnown) {
   const auto pane = open<WatchedPane>();

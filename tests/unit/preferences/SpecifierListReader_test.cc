@@ -1,5 +1,6 @@
 #include <array>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 #include "platform/preferences/PSTextFieldSpecifier.h"
 #include "platform/uikit/UIImage.h"
@@ -9,10 +10,9 @@ namespace {
 
 using testing::IsEmpty;
 
-class ListedPane : public PSListController {
+class ListedPane : public Subclass<ListedPane, PSListController> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<ListedPane> classObject;
   PSSpecifiers load() { return loadSpecifiersFromPlistNameTarget("list", shared_from_this()); }
 
   std::optional<PropertyListValue> get(const PSSpecifier& /*row*/) { return kept; }
@@ -27,14 +27,11 @@ class ListedPane : public PSListController {
   std::optional<PropertyListValue> kept;
 };
 
-constexpr std::array kListedPaneMethods{
-    method<&ListedPane::get>("getIt:"),
-    method<&ListedPane::set>("setIt:row:"),
-    method<&ListedPane::usualGet>("readPreferenceValue:"),
-    method<&ListedPane::usualSet>("setPreferenceValue:specifier:"),
-};
-constexpr ClassDescription ListedPane::classObject{"ListedPane", &PSListController::classObject,
-                                                   &allocObject<ListedPane>, kListedPaneMethods};
+constexpr auto kListedPaneMethods =
+    methods<ListedPane>(method<&ListedPane::get>("getIt:"), method<&ListedPane::set>("setIt:row:"),
+                        method<&ListedPane::usualGet>("readPreferenceValue:"),
+                        method<&ListedPane::usualSet>("setPreferenceValue:specifier:"));
+constexpr ClassOf<ListedPane> ListedPane::classObject{"ListedPane", kListedPaneMethods};
 constexpr std::array<const ClassDescription*, 1> kClasses{&ListedPane::classObject};
 
 class SpecifierListTest : public PaneTest {

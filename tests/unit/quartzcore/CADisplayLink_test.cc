@@ -1,10 +1,10 @@
 #include "platform/quartzcore/CADisplayLink.h"
 
-#include <array>
 #include <functional>
 
 #include <gmock/gmock.h>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 #include "tests/support/PaneTest.h"
 
@@ -13,10 +13,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Target : public NSObject {
+class Target : public Subclass<Target, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<Target> classObject;
 
   void refreshed(const std::shared_ptr<CADisplayLink>& link) {
     durations.push_back(link->duration());
@@ -29,9 +28,8 @@ class Target : public NSObject {
   std::function<void()> then;
 };
 
-constexpr std::array kMethods{method<&Target::refreshed>("refreshed:")};
-constexpr ClassDescription Target::classObject{"Target", &NSObject::classObject,
-                                               &allocObject<Target>, kMethods};
+constexpr auto kMethods = methods<Target>(method<&Target::refreshed>("refreshed:"));
+constexpr ClassOf<Target> Target::classObject{"Target", kMethods};
 
 class CADisplayLinkTest : public PaneTest {
  protected:

@@ -4,6 +4,7 @@
 #include <map>
 #include <utility>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/UIImageView.h"
 #include "platform/uikit/metrics.h"
 #include "prefix/QDCountryPrefixController.h"
@@ -216,14 +217,18 @@ TEST_F(RootPaneTest, TheSummaryRowsGetNewCellsEachTimeThePaneAppears) {
 }
 
 // Records what it is asked to reload by identifier.
-class ReloadedPane : public QDPreferencesListController {
+class ReloadedPane : public Subclass<ReloadedPane, QDPreferencesListController> {
  public:
+  static const ClassOf<ReloadedPane> classObject;
+
   void reloadSpecifierIDAnimated(std::string_view identifier, bool animated) override {
     QDPreferencesListController::reloadSpecifierIDAnimated(identifier, animated);
     reloads.emplace_back(identifier, animated);
   }
   std::vector<std::pair<std::string, bool>> reloads;
 };
+
+constexpr ClassOf<ReloadedPane> ReloadedPane::classObject{"ReloadedPane"};
 
 TEST_F(RootPaneTest, TheSummaryRowsAreReloadedInTheirOrderAndNotAnimatedEachTimeThePaneAppears) {
   const auto pane = open<ReloadedPane>();

@@ -1,25 +1,24 @@
 #include "platform/uikit/UISegmentedControl.h"
 
-#include <array>
-
 #include <gtest/gtest.h>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 
 namespace {
 
-class ChangeListener : public NSObject {
+class ChangeListener : public Subclass<ChangeListener, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<ChangeListener> classObject;
   void changed() { ++changes; }
   int changes = 0;
 };
 
-constexpr std::array kChangeListenerMethods{method<&ChangeListener::changed>("changed")};
+constexpr auto kChangeListenerMethods =
+    methods<ChangeListener>(method<&ChangeListener::changed>("changed"));
 
-constexpr ClassDescription ChangeListener::classObject{
-    "ChangeListener", &NSObject::classObject, &allocObject<ChangeListener>, kChangeListenerMethods};
+constexpr ClassOf<ChangeListener> ChangeListener::classObject{"ChangeListener",
+                                                              kChangeListenerMethods};
 
 class UISegmentedControlTest : public testing::Test {
  protected:

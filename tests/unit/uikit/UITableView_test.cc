@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "platform/foundation/Subclass.h"
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
 
@@ -11,11 +12,15 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 // Counts how often it comes into a superview or leaves one.
-class MovedCell : public UITableViewCell {
+class MovedCell : public Subclass<MovedCell, UITableViewCell> {
  public:
+  static const ClassOf<MovedCell> classObject;
+
   void didMoveToSuperview() override { ++moves; }
   int moves = 0;
 };
+
+constexpr ClassOf<MovedCell> MovedCell::classObject{"MovedCell"};
 
 // Sections, two at first, of so many rows each; notes every question about a row, and may do
 // something when the question of that number comes. Nothing is asked about what is not there.

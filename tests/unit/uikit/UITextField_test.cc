@@ -1,21 +1,20 @@
 #include "platform/uikit/UITextField.h"
 
+#include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
 
-class EditListener : public NSObject {
+class EditListener : public Subclass<EditListener, NSObject> {
  public:
-  static const ClassDescription classObject;
-  const ClassDescription& classDescription() const override { return classObject; }
+  static const ClassOf<EditListener> classObject;
   void ended() { ++count; }
   int count = 0;
 };
 
-constexpr std::array kEditListenerMethods{method<&EditListener::ended>("ended")};
-constexpr ClassDescription EditListener::classObject{
-    "EditListener", &NSObject::classObject, &allocObject<EditListener>, kEditListenerMethods};
+constexpr auto kEditListenerMethods = methods<EditListener>(method<&EditListener::ended>("ended"));
+constexpr ClassOf<EditListener> EditListener::classObject{"EditListener", kEditListenerMethods};
 
 class TextFieldTest : public PaneTest {
  protected:

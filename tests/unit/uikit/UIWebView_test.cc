@@ -1,11 +1,14 @@
 #include "platform/uikit/UIWebView.h"
 
+#include "platform/foundation/Subclass.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
 
-class Delegate : public NSObject, public UIWebViewDelegate {
+class Delegate : public Subclass<Delegate, NSObject>, public UIWebViewDelegate {
  public:
+  static const ClassOf<Delegate> classObject;
+
   void webViewDidFinishLoad(UIWebView& webView) override {
     ++finished;
     height = webView.scrollView()->contentSize().height;
@@ -13,6 +16,8 @@ class Delegate : public NSObject, public UIWebViewDelegate {
   int finished = 0;
   CGFloat height = 0;
 };
+
+constexpr ClassOf<Delegate> Delegate::classObject{"Delegate"};
 
 class UIWebViewTest : public PaneTest {
  protected:

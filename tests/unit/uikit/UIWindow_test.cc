@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "platform/foundation/Subclass.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
@@ -9,14 +10,18 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class Follower : public UIView {
+class Follower : public Subclass<Follower, UIView> {
  public:
+  static const ClassOf<Follower> classObject;
+
   void didMoveToSuperview() override { moves.emplace_back(superview() ? "superview" : "none"); }
   void didMoveToWindow() override { moves.emplace_back(window() ? "window" : "no window"); }
   std::vector<std::string> take() { return std::exchange(moves, {}); }
 
   std::vector<std::string> moves;
 };
+
+constexpr ClassOf<Follower> Follower::classObject{"Follower"};
 
 class UIWindowTest : public PaneTest {
  protected:
@@ -87,8 +92,10 @@ TEST_F(UIWindowTest, AViewThatOutlivesASuperviewWithoutAWindowHasLeftNone) {
 }
 
 // Adds a view below itself as soon as it stands in a window.
-class Filler : public UIView {
+class Filler : public Subclass<Filler, UIView> {
  public:
+  static const ClassOf<Filler> classObject;
+
   void didMoveToWindow() override {
     if (window()) {
       addSubview(child);
@@ -96,6 +103,8 @@ class Filler : public UIView {
   }
   std::shared_ptr<Follower> child = allocInit<Follower>();
 };
+
+constexpr ClassOf<Filler> Filler::classObject{"Filler"};
 
 TEST_F(UIWindowTest, AViewThatIsAddedWhileItsSuperviewIsToldIsToldOnce) {
   const auto filler = allocInit<Filler>();
