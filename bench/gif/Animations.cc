@@ -139,6 +139,51 @@ Data interface(unsigned width, unsigned height, unsigned frames, Disposal dispos
   return gif.trailer().data();
 }
 
+Data sheet(unsigned width, unsigned height, unsigned frames, Disposal disposal) {
+  const bool isAlone = disposal == Disposal::clear;
+  Screen page(width, height);
+  Random marks(width);
+  for (unsigned line = 0; line + 40 < height; line += 40) {
+    page.fill(0, line, width, 1, 90);
+    page.write(20, line + 10, width / 12, marks);
+  }
+  const auto colours = shades();
+  GIFBuilder gif(width, height, colours);
+  const auto addWhole = [&](const std::vector<std::uint8_t>& indexes, Disposal after) {
+    gif.control(
+        {.disposal = static_cast<unsigned>(after), .delay = 4, .transparentIndex = transparent});
+    gif.image({.width = width, .height = height}, 8, indexes);
+  };
+  if (!isAlone) {
+    addWhole(page.pixels, Disposal::keep);
+  }
+  for (unsigned frame = isAlone ? 0 : 1; frame < frames; ++frame) {
+    const unsigned top = height - height * 3 / 4 * (frame + 1) / frames;
+    const unsigned left = width / 40;
+    const unsigned sheetWidth = width - 2 * left;
+    Screen screen(width, height);
+    std::ranges::fill(screen.pixels, transparent);
+    screen.fill(left, top, sheetWidth, height - top, 40);
+    Random letters(7);
+    for (unsigned line = top + 20; line + 30 < height; line += 30) {
+      screen.write(left + 20, line, sheetWidth / 14, letters);
+    }
+    if (isAlone) {
+      addWhole(screen.pixels, disposal);
+      continue;
+    }
+    std::vector<std::uint8_t> indexes;
+    for (unsigned y = top; y < height; ++y) {
+      const auto row = screen.pixels.begin() + static_cast<std::ptrdiff_t>(y) * width + left;
+      indexes.insert(indexes.end(), row, row + sheetWidth);
+    }
+    gif.control(
+        {.disposal = static_cast<unsigned>(disposal), .delay = 4, .transparentIndex = transparent});
+    gif.image({.left = left, .top = top, .width = sheetWidth, .height = height - top}, 8, indexes);
+  }
+  return gif.trailer().data();
+}
+
 Data photograph(unsigned width, unsigned height, unsigned frames) {
   Random random(1);
   const auto colours = shades();

@@ -8,7 +8,7 @@
 /// GIFs like those that the decoder is for, always the same.
 namespace animations {
 
-enum class Disposal : unsigned { keep = 1, restorePrevious = 3 };
+enum class Disposal : unsigned { keep = 1, clear = 2, restorePrevious = 3 };
 
 using Data = std::shared_ptr<const std::vector<std::uint8_t>>;
 
@@ -17,6 +17,11 @@ using Data = std::shared_ptr<const std::vector<std::uint8_t>>;
 /// With `restorePrevious` every frame but the first is whole and undone again.
 Data interface(unsigned width, unsigned height, unsigned frames,
                Disposal disposal = Disposal::keep);
+
+/// A sheet with text-like marks that slides up and covers the lower part more and more. With
+/// `clear` every frame is the sheet alone on a whole transparent canvas; else it is drawn at its
+/// place over a first frame that stays.
+Data sheet(unsigned width, unsigned height, unsigned frames, Disposal disposal);
 
 /// Every frame whole, opaque and different: shades with grain, as a dithered photograph has.
 Data photograph(unsigned width, unsigned height, unsigned frames);

@@ -14,6 +14,8 @@
 
 namespace {
 
+using animations::Disposal;
+
 struct Animation {
   const char* name;
   animations::Data data;
@@ -24,13 +26,16 @@ const Animation& animation(std::size_t index) {
       {"interface 580x420, 60 frames", animations::interface(580, 420, 60)},
       {"interface 480x874, 60 frames", animations::interface(480, 874, 60)},
       {"photograph 320x240, 30 frames", animations::photograph(320, 240, 30)},
+      {"sheet 480x874, disposal 2, 20 frames", animations::sheet(480, 874, 20, Disposal::clear)},
+      {"sheet 480x874, disposal 3, 20 frames",
+       animations::sheet(480, 874, 20, Disposal::restorePrevious)},
       {"single picture 580x420", animations::interface(580, 420, 1)},
       {"tiny 16x16, 10000 frames", animations::tiny(10000)},
   };
   return all[index];
 }
 
-constexpr int animationCount = 5;
+constexpr int animationCount = 7;
 
 void require(bool condition, benchmark::State& state, const char* what) {
   if (!condition) {
@@ -61,10 +66,10 @@ void allFramesOurs(benchmark::State& state) {
 
 /// Steady play with a frame cache: again and again from one source, the last frames held while the
 /// next are made.
-void steadyPlayHoldingFiveOurs(benchmark::State& state) {
+void steadyPlayHoldingEightOurs(benchmark::State& state) {
   const Animation& gif = animation(static_cast<std::size_t>(state.range(0)));
   state.SetLabel(gif.name);
-  std::array<std::shared_ptr<const PixelBuffer>, 5> held;
+  std::array<std::shared_ptr<const PixelBuffer>, 8> held;
   const auto source = CGImageSource::createWithData(gif.data);
   for (auto _ : state) {
     for (std::size_t i = 0; i < source->count(); ++i) {
@@ -198,7 +203,7 @@ void firstJumpToLastOurs(benchmark::State& state) {
 }
 
 BENCHMARK(allFramesOurs)->DenseRange(0, animationCount - 1)->Unit(benchmark::kMicrosecond);
-BENCHMARK(steadyPlayHoldingFiveOurs)
+BENCHMARK(steadyPlayHoldingEightOurs)
     ->DenseRange(0, animationCount - 1)
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK(allFramesGiflib)->DenseRange(0, animationCount - 1)->Unit(benchmark::kMicrosecond);

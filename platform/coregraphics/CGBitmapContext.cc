@@ -89,13 +89,14 @@ void CGBitmapContext::drawImage(const CGRect& rect, const CGImage& image) {
       image.alphaInfo() == CGImageAlphaInfo::noneSkipFirst ? opaqueBlack : 0;
   const Extent across(rect.origin.x, rect.size.width);
   const Extent down(rect.origin.y, rect.size.height);
-  const std::span<const std::uint32_t> from = source->pixels();
-  const std::span<std::uint32_t> to = target->pixels();
+  const std::size_t left = across.first(width_);
+  const std::size_t right = across.last(width_);
   for (std::size_t y = down.first(height_); y < down.last(height_); ++y) {
-    const std::size_t sourceRow = down.sample(y, source->height()) * source->width();
-    for (std::size_t x = across.first(width_); x < across.last(width_); ++x) {
-      std::uint32_t& pixel = to[y * width_ + x];
-      pixel = sourceOver(from[sourceRow + across.sample(x, source->width())] | forced, pixel);
+    const std::uint32_t* const from =
+        source->pixels().data() + down.sample(y, source->height()) * source->width();
+    std::uint32_t* const to = target->pixels().data() + y * width_;
+    for (std::size_t x = left; x < right; ++x) {
+      to[x] = sourceOver(from[across.sample(x, source->width())] | forced, to[x]);
     }
   }
 }
@@ -119,7 +120,7 @@ PixelBuffer* CGBitmapContext::writablePixels() {
       shared_.reset();
     } else if (own_) {
       const bool hasAlpha = alphaInfo_ == CGImageAlphaInfo::premultipliedFirst;
-      std::ranges::fill(own_->pixels(), hasAlpha ? 0 : opaqueBlack);
+      std::fill_n(own_->pixels().data(), width_ * height_, hasAlpha ? 0 : opaqueBlack);
     }
   }
   return own_.get();

@@ -1,7 +1,5 @@
 #include "platform/imageio/FrameBufferPool.h"
 
-#include <utility>
-
 std::shared_ptr<FrameBuffer> FrameBufferPool::take() {
   {
     const std::lock_guard lock(mutex_);
@@ -20,41 +18,43 @@ std::shared_ptr<FrameBuffer> FrameBufferPool::take() {
   return buffer;
 }
 
-void FrameBufferPool::setCurrent(std::shared_ptr<FrameBuffer> buffer) {
-  const std::lock_guard lock(mutex_);
-  if (buffer == current_) {
-    return;
-  }
-  std::shared_ptr<FrameBuffer> last = std::exchange(current_, std::move(buffer));
-  if (last && last->loans == 0) {
-    keepFree(std::move(last));
-  }
-}
-
-bool FrameBufferPool::isCurrentWritable() {
-  const std::lock_guard lock(mutex_);
-  return current_ && current_->loans == 0;
+bool FrameBufferPool::isCurrentWritable() const {
+  // What the last borrower read, it has read.
+  return current_ && current_->uses.load(std::memory_order_acquire) == 1;
 }
 
 std::shared_ptr<const PixelBuffer> FrameBufferPool::lendCurrent() {
-  const std::lock_guard lock(mutex_);
-  ++current_->loans;
+  current_->uses.fetch_add(1, std::memory_order_relaxed);
   return {current_->pixels.get(), [pool = weak_from_this(), buffer = current_](const PixelBuffer*) {
-            if (const auto owner = pool.lock()) {
-              owner->endLoan(buffer);
+            if (endUse(*buffer)) {
+              if (const auto owner = pool.lock()) {
+                owner->keepFree(buffer);
+              }
             }
           }};
 }
 
-void FrameBufferPool::endLoan(const std::shared_ptr<FrameBuffer>& buffer) {
-  const std::lock_guard lock(mutex_);
-  if (--buffer->loans == 0 && buffer != current_) {
-    keepFree(buffer);
+void FrameBufferPool::keepIn(std::shared_ptr<FrameBuffer>& place,
+                             std::shared_ptr<FrameBuffer> buffer) {
+  if (buffer == place) {
+    return;
+  }
+  if (buffer) {
+    buffer->uses.fetch_add(1, std::memory_order_relaxed);
+  }
+  const std::shared_ptr<FrameBuffer> last = std::exchange(place, std::move(buffer));
+  if (last && endUse(*last)) {
+    keepFree(last);
   }
 }
 
-void FrameBufferPool::keepFree(std::shared_ptr<FrameBuffer> buffer) {
+bool FrameBufferPool::endUse(FrameBuffer& buffer) {
+  return buffer.uses.fetch_sub(1, std::memory_order_acq_rel) == 1;
+}
+
+void FrameBufferPool::keepFree(const std::shared_ptr<FrameBuffer>& buffer) {
+  const std::lock_guard lock(mutex_);
   if (free_.size() < maximumFree) {
-    free_.push_back(std::move(buffer));
+    free_.push_back(buffer);
   }
 }

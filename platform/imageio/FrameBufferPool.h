@@ -1,9 +1,11 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <limits>
 #include <memory>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 #include "platform/coregraphics/PixelBuffer.h"
@@ -14,7 +16,8 @@ struct FrameBuffer {
 
   std::shared_ptr<PixelBuffer> pixels;
   std::size_t frame = noFrame;
-  std::size_t loans = 0;  // guarded by the pool
+  /// Loans, and places that the pool keeps it in. When there is none it is free.
+  std::atomic<std::size_t> uses{0};
 };
 
 /// Recycles the frame buffers of one animation, so that steady play takes no fresh memory.
@@ -35,21 +38,29 @@ class FrameBufferPool : public std::enable_shared_from_this<FrameBufferPool> {
 
   /// The current frame is never handed out by take(), and may be read while it is lent. Setting
   /// another one lets the pool have this one as soon as it is not lent. May be null.
-  void setCurrent(std::shared_ptr<FrameBuffer> buffer);
+  void setCurrent(std::shared_ptr<FrameBuffer> buffer) { keepIn(current_, std::move(buffer)); }
   const std::shared_ptr<FrameBuffer>& current() const { return current_; }
-  /// Whether there is a current frame that is not lent, and so may be written.
-  bool isCurrentWritable();
+  /// Whether there is a current frame that is used nowhere else, and so may be written.
+  bool isCurrentWritable() const;
+
+  /// What is to be seen again when the current frame goes; kept as the current one is. May be null.
+  void setUnder(std::shared_ptr<FrameBuffer> buffer) { keepIn(under_, std::move(buffer)); }
+  const std::shared_ptr<FrameBuffer>& under() const { return under_; }
 
   /// Lends the current frame, again if it is lent already.
   std::shared_ptr<const PixelBuffer> lendCurrent();
 
  private:
-  void endLoan(const std::shared_ptr<FrameBuffer>& buffer);
-  void keepFree(std::shared_ptr<FrameBuffer> buffer);
+  void keepIn(std::shared_ptr<FrameBuffer>& place, std::shared_ptr<FrameBuffer> buffer);
+  void keepFree(const std::shared_ptr<FrameBuffer>& buffer);
+
+  /// Whether that was the last use.
+  static bool endUse(FrameBuffer& buffer);
 
   const std::size_t width_;
   const std::size_t height_;
-  std::mutex mutex_;  // guards what follows, and the loans of every buffer
-  std::vector<std::shared_ptr<FrameBuffer>> free_;
   std::shared_ptr<FrameBuffer> current_;
+  std::shared_ptr<FrameBuffer> under_;
+  std::mutex mutex_;  // guards what follows
+  std::vector<std::shared_ptr<FrameBuffer>> free_;
 };

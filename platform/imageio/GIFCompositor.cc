@@ -8,6 +8,8 @@ namespace {
 
 // Beyond this many frames a buffer is not worth following; it is copied whole.
 constexpr std::size_t maximumFollowedFrames = 64;
+// A canvas of so few pixels is copied sooner than it is found out which ones.
+constexpr std::size_t copiedWhole = 1024;
 
 std::size_t keptSpacingFor(const GIFStructure& structure) {
   const std::size_t canvasBytes = structure.width * structure.height * sizeof(std::uint32_t);
@@ -27,7 +29,8 @@ GIFCompositor::GIFCompositor(std::shared_ptr<const std::vector<std::uint8_t>> da
       keptSpacing_(keptSpacingFor(structure_)),
       painter_(*data_, structure_),
       pool_(std::make_shared<FrameBufferPool>(structure_.width, structure_.height)),
-      coverage_(structure_.frames.size(), Coverage::unknown) {}
+      coverage_(structure_.frames.size(), Coverage::unknown),
+      changes_(structure_.width, structure_.height) {}
 
 std::shared_ptr<const PixelBuffer> GIFCompositor::compositeFrame(std::size_t index) {
   const std::lock_guard lock(mutex_);
@@ -41,6 +44,7 @@ std::shared_ptr<const PixelBuffer> GIFCompositor::compositeFrame(std::size_t ind
     }
     if (outcome != Outcome::done) {
       pool_->setCurrent(nullptr);  // its disposal may have lost what it needs
+      pool_->setUnder(nullptr);
       return nullptr;
     }
   }
@@ -101,13 +105,16 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
 
   // An empty canvas need not be cleared under a frame that then writes every pixel.
   const GIFFrame& firstFrame = structure_.frames[start.first];
-  const bool replaces = (start.origin == Origin::empty || start.origin == Origin::nothingNeeded) &&
-                        firstFrame.isDecodable &&
-                        firstFrame.coversCanvas(structure_.width, structure_.height) &&
-                        (firstFrame.disposal == GIFDisposal::keep ||
-                         (start.first == index && firstFrame.disposal == GIFDisposal::clear));
-  if (!replaces) {
-    prepare(*target, start);
+  const bool replacesCanvas =
+      (start.origin == Origin::empty || start.origin == Origin::nothingNeeded) &&
+      firstFrame.isDecodable && firstFrame.coversCanvas(structure_.width, structure_.height) &&
+      (firstFrame.disposal == GIFDisposal::keep ||
+       (start.first == index && firstFrame.disposal == GIFDisposal::clear));
+  const bool replacesRect = replacesClearedRect(start, index);
+  // Shows the canvas as long as nothing is drawn.
+  std::shared_ptr<FrameBuffer> before = bufferBefore(start, *target);
+  if (!replacesCanvas) {
+    prepare(*target, start, replacesRect);
   }
   target->frame = FrameBuffer::noFrame;
 
@@ -122,20 +129,23 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
     if (i < index && frame.disposal != GIFDisposal::keep) {
       if (frame.disposal == GIFDisposal::clear) {
         clearRect(rectOf(i), *target->pixels);
+        before.reset();
       }
       continue;
     }
-    if (frame.disposal == GIFDisposal::restorePrevious && !save(rectOf(i), *target->pixels)) {
+    if (i < index || frame.disposal != GIFDisposal::restorePrevious) {
+      before.reset();
+    } else if (!before && !save(rectOf(i), *target->pixels)) {
       return Outcome::noMemory;
     }
-    const bool isReplacing = replaces && i == start.first;
+    const bool isReplacing = (replacesCanvas || replacesRect) && i == start.first;
     GIFPainter::Result result =
         paint(i, *target, isReplacing ? GIFPainter::Mode::replace : GIFPainter::Mode::over);
     if (isReplacing && result == GIFPainter::Result::partial) {
       if (start.origin == Origin::nothingNeeded) {
         return Outcome::coverageWasWrong;
       }
-      std::ranges::fill(target->pixels->pixels(), 0);
+      clearRect(rectOf(i), *target->pixels);
       result = paint(i, *target, GIFPainter::Mode::over);
     }
     if (result == GIFPainter::Result::noMemory) {
@@ -143,71 +153,102 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
     }
   }
   target->frame = index;
+  if (before) {
+    saved_.reset();
+    savedCapacity_ = 0;
+  }
+  // First, since it may be what is current still.
+  pool_->setUnder(std::move(before));
   pool_->setCurrent(target);
   return Outcome::done;
 }
 
-/// Brings the target to the canvas before the start's first frame.
-void GIFCompositor::prepare(FrameBuffer& target, Start start) {
+/// Whether the frame is all that will be seen where the one before it was cleared.
+bool GIFCompositor::replacesClearedRect(Start start, std::size_t index) const {
+  const GIFFrame& frame = structure_.frames[index];
+  if (start.origin != Origin::currentFrame || start.first != index ||
+      frame.disposal == GIFDisposal::restorePrevious) {
+    return false;
+  }
+  const std::size_t current = pool_->current()->frame;
+  return structure_.frames[current].disposal == GIFDisposal::clear &&
+         rectOf(current).contains(rectOf(index));
+}
+
+/// A buffer besides the target that shows the canvas before the start's first frame; may be null.
+std::shared_ptr<FrameBuffer> GIFCompositor::bufferBefore(Start start,
+                                                         const FrameBuffer& target) const {
+  if (start.origin != Origin::currentFrame) {
+    return nullptr;
+  }
+  switch (structure_.frames[pool_->current()->frame].disposal) {
+    case GIFDisposal::keep:
+      return &target == pool_->current().get() ? nullptr : pool_->current();
+    case GIFDisposal::restorePrevious:
+      return pool_->under();
+    default:
+      return nullptr;
+  }
+}
+
+/// Brings the target to the canvas before the start's first frame; where that frame replaces its
+/// rectangle, outside of it.
+void GIFCompositor::prepare(FrameBuffer& target, Start start, bool replacesRect) {
+  const std::size_t pixelCount = structure_.width * structure_.height;
   switch (start.origin) {
     case Origin::nothingNeeded:
       break;
     case Origin::empty:
-      std::ranges::fill(target.pixels->pixels(), 0);
+      std::fill_n(target.pixels->pixels().data(), pixelCount, 0);
       break;
     case Origin::keptCanvas:
-      std::ranges::copy(std::as_const(*kept_.at(start.first)).pixels(),
-                        target.pixels->pixels().begin());
+      std::copy_n(kept_.at(start.first)->pixels().data(), pixelCount,
+                  target.pixels->pixels().data());
       break;
     case Origin::currentFrame:
-      if (&target != pool_->current().get()) {
-        copyCurrentTo(target);
-      }
-      disposeOfCurrent(target);
+      prepareFromCurrent(target, start.first, replacesRect);
       break;
   }
 }
 
-/// A target that shows a near frame differs from the current one only where the frames between
-/// draw.
-void GIFCompositor::copyCurrentTo(FrameBuffer& target) const {
+void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect) {
   const FrameBuffer& current = *pool_->current();
-  if (target.frame != FrameBuffer::noFrame) {
-    const auto [from, to] = std::minmax(target.frame, current.frame);
-    if (to - from <= maximumFollowedFrames) {
-      std::size_t area = 0;
-      for (std::size_t i = from; i <= to; ++i) {
-        area += rectOf(i).area();
-      }
-      if (area < structure_.width * structure_.height) {
-        for (std::size_t i = from; i <= to; ++i) {
-          copyRect(rectOf(i), *current.pixels, *target.pixels);
-        }
-        return;
-      }
-    }
+  const GIFDisposal disposal = structure_.frames[current.frame].disposal;
+  const GIFRect rect = rectOf(current.frame);
+  if (disposal == GIFDisposal::restorePrevious && pool_->under()) {
+    findChanges(target, *pool_->under());
+    changes_.copy(*pool_->under()->pixels, *target.pixels);
+    return;
   }
-  std::ranges::copy(std::as_const(*current.pixels).pixels(), target.pixels->pixels().begin());
+  if (&target != &current) {
+    findChanges(target, current);
+    if (disposal != GIFDisposal::keep) {
+      changes_.subtract(rect);
+    }
+    changes_.copy(*current.pixels, *target.pixels);
+  }
+  if (disposal == GIFDisposal::restorePrevious) {
+    restore(rect, *target.pixels);
+  } else if (disposal == GIFDisposal::clear) {
+    clearAround(replacesRect ? rectOf(first) : GIFRect{}, rect, *target.pixels);
+  }
 }
 
-void GIFCompositor::disposeOfCurrent(FrameBuffer& target) const {
-  const std::size_t index = pool_->current()->frame;
-  const GIFRect rect = rectOf(index);
-  switch (structure_.frames[index].disposal) {
-    case GIFDisposal::keep:
-      break;
-    case GIFDisposal::clear:
-      clearRect(rect, *target.pixels);
-      break;
-    case GIFDisposal::restorePrevious: {
-      const std::uint32_t* from = saved_.get();
-      std::uint32_t* to = target.pixels->pixels().data() + rect.top * structure_.width + rect.left;
-      for (std::size_t y = 0; y < rect.height; ++y) {
-        std::copy_n(from, rect.width, to);
-        from += rect.width;
-        to += structure_.width;
-      }
-      break;
+/// Where the target, in which a near frame may be left, differs from another buffer: what the
+/// frames between have drawn, and the earlier of the two where it is disposed of.
+void GIFCompositor::findChanges(const FrameBuffer& target, const FrameBuffer& from) {
+  changes_.clear();
+  const auto [first, last] = std::minmax(target.frame, from.frame);
+  if (target.frame == FrameBuffer::noFrame || last - first > maximumFollowedFrames ||
+      structure_.width * structure_.height <= copiedWhole) {
+    changes_.addAll();
+    return;
+  }
+  for (std::size_t i = first; i <= last; ++i) {
+    const GIFDisposal disposal = structure_.frames[i].disposal;
+    if ((i != first || disposal != GIFDisposal::keep) &&
+        (i == first || i == last || disposal != GIFDisposal::restorePrevious)) {
+      changes_.add(rectOf(i));
     }
   }
 }
@@ -223,18 +264,31 @@ GIFPainter::Result GIFCompositor::paint(std::size_t index, FrameBuffer& target,
   return result;
 }
 
-void GIFCompositor::copyRect(const GIFRect& rect, const PixelBuffer& from, PixelBuffer& to) const {
-  std::size_t at = rect.top * structure_.width + rect.left;
-  for (std::size_t y = 0; y < rect.height; ++y, at += structure_.width) {
-    std::copy_n(from.pixels().data() + at, rect.width, to.pixels().data() + at);
+void GIFCompositor::clearRect(const GIFRect& rect, PixelBuffer& pixels) const {
+  std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width + rect.left;
+  if (rect.width == structure_.width) {
+    std::fill_n(to, rect.area(), 0);
+    return;
+  }
+  for (std::size_t y = 0; y < rect.height; ++y, to += structure_.width) {
+    std::fill_n(to, rect.width, 0);
   }
 }
 
-void GIFCompositor::clearRect(const GIFRect& rect, PixelBuffer& pixels) const {
-  std::size_t at = rect.top * structure_.width + rect.left;
-  for (std::size_t y = 0; y < rect.height; ++y, at += structure_.width) {
-    std::fill_n(pixels.pixels().data() + at, rect.width, 0);
+/// Clears a rectangle but for what of it lies in `inner`, which is in it or of no area.
+void GIFCompositor::clearAround(const GIFRect& inner, const GIFRect& rect,
+                                PixelBuffer& pixels) const {
+  if (inner.area() == 0) {
+    clearRect(rect, pixels);
+    return;
   }
+  const std::size_t above = inner.top - rect.top;
+  const std::size_t below = inner.top + inner.height;
+  const std::size_t right = inner.left + inner.width;
+  clearRect({rect.left, rect.top, rect.width, above}, pixels);
+  clearRect({rect.left, inner.top, inner.left - rect.left, inner.height}, pixels);
+  clearRect({right, inner.top, rect.left + rect.width - right, inner.height}, pixels);
+  clearRect({rect.left, below, rect.width, rect.top + rect.height - below}, pixels);
 }
 
 /// Remembers what a frame with disposal 3 is about to be drawn over.
@@ -258,6 +312,17 @@ bool GIFCompositor::save(const GIFRect& rect, const PixelBuffer& pixels) {
   return true;
 }
 
+/// Brings back what was remembered.
+void GIFCompositor::restore(const GIFRect& rect, PixelBuffer& pixels) const {
+  const std::uint32_t* from = saved_.get();
+  std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width + rect.left;
+  for (std::size_t y = 0; y < rect.height; ++y) {
+    std::copy_n(from, rect.width, to);
+    from += rect.width;
+    to += structure_.width;
+  }
+}
+
 /// The last place on the way to a frame where a canvas is kept; 0 for none.
 std::size_t GIFCompositor::lastKeepable(std::size_t index) const {
   return keptSpacing_ == 0 ? 0 : index - index % keptSpacing_;
@@ -266,7 +331,7 @@ std::size_t GIFCompositor::lastKeepable(std::size_t index) const {
 void GIFCompositor::keepCanvas(std::size_t index, const PixelBuffer& pixels) {
   std::shared_ptr<PixelBuffer> canvas = PixelBuffer::create(structure_.width, structure_.height);
   if (canvas) {
-    std::ranges::copy(pixels.pixels(), canvas->pixels().begin());
+    std::copy_n(pixels.pixels().data(), pixels.pixels().size(), canvas->pixels().data());
     kept_.emplace(index, std::move(canvas));
   }
 }

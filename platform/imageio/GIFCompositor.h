@@ -10,6 +10,7 @@
 
 #include "platform/coregraphics/PixelBuffer.h"
 #include "platform/imageio/FrameBufferPool.h"
+#include "platform/imageio/GIFChangedRows.h"
 #include "platform/imageio/GIFPainter.h"
 #include "platform/imageio/GIFStructure.h"
 
@@ -21,10 +22,10 @@
 ///
 /// Frames in playback order cost one decode each. If the frame before has been dropped meanwhile,
 /// the next is drawn over it in place; if it is still held, into a recycled buffer in which only
-/// what changed since is brought up to date. Any other frame starts from the nearest earlier state
-/// that needs nothing before it: an empty canvas, a frame that covers the canvas without
-/// transparency, the frame decoded last, or a kept canvas. What disposal undoes on the way is not
-/// decoded.
+/// what changed since, and is not about to be cleared or drawn over, is brought up to date. Any
+/// other frame starts from the nearest earlier state that needs nothing before it: an empty canvas,
+/// a frame that covers the canvas without transparency, the frame decoded last, or a kept canvas.
+/// What disposal undoes on the way is not decoded.
 ///
 /// Canvases are kept only while frames are decoded for a jump, one every `keptSpacing()` frames, so
 /// a player that never jumps pays nothing for them and a second jump into the same frames decodes
@@ -67,14 +68,17 @@ class GIFCompositor {
 
   Start findStart(std::size_t index, bool trustUnknown);
   Outcome composite(std::size_t index, bool trustUnknown);
-  void prepare(FrameBuffer& target, Start start);
-  void copyCurrentTo(FrameBuffer& target) const;
-  void disposeOfCurrent(FrameBuffer& target) const;
+  void prepare(FrameBuffer& target, Start start, bool replacesRect);
+  void prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect);
+  bool replacesClearedRect(Start start, std::size_t index) const;
+  std::shared_ptr<FrameBuffer> bufferBefore(Start start, const FrameBuffer& target) const;
+  void findChanges(const FrameBuffer& target, const FrameBuffer& from);
   GIFPainter::Result paint(std::size_t index, FrameBuffer& target, GIFPainter::Mode mode);
 
-  void copyRect(const GIFRect& rect, const PixelBuffer& from, PixelBuffer& to) const;
   void clearRect(const GIFRect& rect, PixelBuffer& pixels) const;
+  void clearAround(const GIFRect& inner, const GIFRect& rect, PixelBuffer& pixels) const;
   bool save(const GIFRect& rect, const PixelBuffer& pixels);
+  void restore(const GIFRect& rect, PixelBuffer& pixels) const;
   std::size_t lastKeepable(std::size_t index) const;
   void keepCanvas(std::size_t index, const PixelBuffer& pixels);
 
@@ -86,7 +90,8 @@ class GIFCompositor {
   GIFPainter painter_;
   std::shared_ptr<FrameBufferPool> pool_;
   std::vector<Coverage> coverage_;
-  // What was under the current frame, if it has disposal 3.
+  GIFChangedRows changes_;
+  // What was under the current frame, if it has disposal 3 and no other buffer shows it.
   std::unique_ptr<std::uint32_t[]> saved_;
   std::size_t savedCapacity_ = 0;
   std::map<std::size_t, std::shared_ptr<PixelBuffer>>

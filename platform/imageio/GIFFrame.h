@@ -15,6 +15,10 @@ struct GIFRect {
   std::size_t height = 0;
 
   std::size_t area() const { return width * height; }
+  bool contains(const GIFRect& other) const {
+    return left <= other.left && other.left + other.width <= left + width && top <= other.top &&
+           other.top + other.height <= top + height;
+  }
 };
 
 /// One image of a GIF as its descriptor and control extension give it. Nothing of its data is

@@ -51,6 +51,20 @@ TEST(FrameBufferPool, TheCurrentBufferIsWritableWhenEveryLoanHasEnded) {
   EXPECT_TRUE(pool->isCurrentWritable());
 }
 
+TEST(FrameBufferPool, WhatIsUnderTheCurrentFrameIsKeptUntilAnotherTakesItsPlace) {
+  const auto pool = std::make_shared<FrameBufferPool>(4, 4);
+  auto loan = show(*pool, 1);
+  pool->setUnder(pool->current());
+  const PixelBuffer* const under = loan.get();
+  EXPECT_FALSE(pool->isCurrentWritable());
+  const auto next = show(*pool, 2);
+  loan.reset();
+  EXPECT_NE(pool->take()->pixels.get(), under);
+  EXPECT_EQ(pool->under()->pixels.get(), under);
+  pool->setUnder(nullptr);
+  EXPECT_EQ(pool->take()->pixels.get(), under);
+}
+
 TEST(FrameBufferPool, DroppingManyFramesGivesAllButAFewBack) {
   const auto pool = std::make_shared<FrameBufferPool>(4, 4);
   std::vector<std::shared_ptr<const PixelBuffer>> loans;
