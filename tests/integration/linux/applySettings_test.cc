@@ -1,6 +1,7 @@
 #include "core/applySettings.h"
 
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <map>
 #include <poll.h>
@@ -306,7 +307,8 @@ TEST_F(RealEffects, TheDiallerHearsThatTheSettingsAreInForce) {
   writePreference("selectedPrefix", "*67");
   // Posted until heard: the processes may not listen yet when they print their first line.
   std::map<std::string, Report> heard;
-  while (heard.size() < 2) {
+  const auto end = std::chrono::steady_clock::now() + 20s;
+  while (heard.size() < 2 && std::chrono::steady_clock::now() < end) {
     notifications_->broadcast(NotificationCall::kNotifyPost, kApplied);
     PollHost(*notifications_).runUntil([] { return false; }, 20ms);
     while (const auto line = restarter_->readLine(50ms)) {

@@ -34,7 +34,9 @@ class FLAnimatedImageMemoryTest : public AnimatedTest {
 
   /// Plays on until that frame, or the end.
   void playUntil(NSUInteger index) {
-    while (view->isAnimating() && view->currentFrameIndex() < index) {
+    constexpr int kMostRefreshes = 10'000;
+    for (int refresh = 0; view->isAnimating() && view->currentFrameIndex() < index; ++refresh) {
+      ASSERT_LT(refresh, kMostRefreshes);
       displayRefresh->refresh(0.05);
       // After the refresh has dropped what lies behind it.
       mostHeld = std::max(mostHeld, heldFrames(*image));

@@ -87,6 +87,13 @@ TEST(CGBitmapContext, TransparencyShowsWhatIsUnder) {
   EXPECT_THAT(target->createImage()->pixels()->pixels(), ElementsAre(green, 0xFF807F00));
 }
 
+TEST(CGBitmapContext, WhatIsUnderIsSeenThroughTheFaintestTransparency) {
+  const auto target = context(1, 1);
+  target->drawImage(CGRectMake(0, 0, 1, 1), *image(1, {green}));
+  target->drawImage(CGRectMake(0, 0, 1, 1), *image(1, {0xFEFE0000}));
+  EXPECT_THAT(target->createImage()->pixels()->pixels(), ElementsAre(0xFFFE0100));
+}
+
 TEST(CGBitmapContext, APictureIsScaledToItsRectangleAndCutOffAtTheEdges) {
   const auto target = context(4, 2);
   target->drawImage(CGRectMake(2, -2, 4, 4), *image(2, {red, green, green, red}));

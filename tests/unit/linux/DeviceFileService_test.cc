@@ -123,6 +123,19 @@ TEST_F(DeviceFiles, OwnerIsKeptWhereTheWriterMayGiveFilesAway) {
   EXPECT_EQ(status.st_gid, 1235);
 }
 
+TEST_F(DeviceFiles, TheGroupIsKeptWhereItAloneIsAnother) {
+  if (geteuid() != 0) {
+    GTEST_SKIP() << "only root may give files to any group";
+  }
+  writeBytes(host_, *bytesFromPropertyList(ownSettings()));
+  ASSERT_EQ(chown(host_.c_str(), geteuid(), 1235), 0);
+  ASSERT_TRUE(write({{"a", 1}}));
+  struct stat status {};
+  ASSERT_EQ(stat(host_.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, geteuid());
+  EXPECT_EQ(status.st_gid, 1235);
+}
+
 TEST_F(DeviceFiles, ASymbolicLinkIsFollowedAndStaysALink) {
   const auto target = root_ / "elsewhere/real.plist";
   writeBytes(target, *bytesFromPropertyList(ownSettings()));

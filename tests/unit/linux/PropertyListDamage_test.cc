@@ -77,8 +77,11 @@ std::string doublingFile(unsigned levels) {
          static_cast<char>(levels + 1) + std::string(15, '\0') + static_cast<char>(start);
 }
 
-// Arrays nested in a binary file, with references and offsets of four bytes.
-std::string nestedBinary(std::uint32_t count) {
+enum class Container { kArray, kDictionary };
+
+// Containers nested in a binary file, with references and offsets of four bytes. Each holds the
+// next alone, dictionaries under the key "a".
+std::string nestedBinary(std::uint32_t count, Container container = Container::kArray) {
   const auto number = [](std::uint32_t value) {
     std::string bytes;
     for (const unsigned shift : {24U, 16U, 8U, 0U}) {
@@ -90,13 +93,18 @@ std::string nestedBinary(std::uint32_t count) {
   std::string table;
   for (std::uint32_t level = 0; level < count; ++level) {
     table += number(static_cast<std::uint32_t>(bytes.size()));
-    bytes += "\xA1" + number(level + 1);
+    bytes += container == Container::kArray ? "\xA1" : "\xD1" + number(count + 1);
+    bytes += number(level + 1);
   }
   table += number(static_cast<std::uint32_t>(bytes.size()));
   bytes += "\x09";
+  table += number(static_cast<std::uint32_t>(bytes.size()));
+  bytes +=
+      "\x51"
+      "a";
   const auto start = static_cast<std::uint32_t>(bytes.size());
   return bytes + table + std::string(6, '\0') + "\x04\x04" + std::string(4, '\0') +
-         number(count + 1) + std::string(12, '\0') + number(start);
+         number(count + 2) + std::string(12, '\0') + number(start);
 }
 
 }  // namespace
@@ -124,6 +132,9 @@ TEST(DamagedPropertyList, NestingIsReadUpToItsBound) {
   EXPECT_TRUE(readsBounded(nestedBinary(kPropertyListDepthBound - 1)));
   EXPECT_FALSE(readsBounded(nestedBinary(kPropertyListDepthBound)));
   EXPECT_FALSE(readsBounded(nestedBinary(200'000)));
+  EXPECT_TRUE(readsBounded(nestedBinary(kPropertyListDepthBound - 1, Container::kDictionary)));
+  EXPECT_FALSE(readsBounded(nestedBinary(kPropertyListDepthBound, Container::kDictionary)));
+  EXPECT_FALSE(readsBounded(nestedBinary(200'000, Container::kDictionary)));
 }
 
 TEST(DamagedPropertyList, DoublingReferencesEndAtTheBudget) {

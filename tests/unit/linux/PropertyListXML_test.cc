@@ -66,6 +66,12 @@ TEST(XMLPropertyList, IntegersAreDecimalOrHexadecimalAndNeverCut) {
   }
 }
 
+TEST(XMLPropertyList, ProcessingInstructionsAndCommentsInATextAreNoPartOfIt) {
+  EXPECT_EQ(read("<string>a<?note <b> & ?>b<!-- c -->d</string>"), PropertyListValue("abd"));
+  EXPECT_EQ(read("<string>a<?note</string>"), std::nullopt);
+  EXPECT_EQ(read("<string>a<!-- c</string>"), std::nullopt);
+}
+
 TEST(XMLPropertyList, TextThatIsNoRealOrDateOrDataMakesTheFileUnreadable) {
   for (const auto* wrong : {"<real></real>",
                             "<real>abc</real>",

@@ -1,6 +1,7 @@
 #include "linux/SystemMail.h"
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
@@ -249,6 +250,22 @@ TEST_F(Machine, ADraftIsAMessageFileOfTheUsersOwn) {
   EXPECT_TRUE(first->starts_with(drafts() + "/Mail "));
   EXPECT_THAT(*first, EndsWith(".eml"));
   EXPECT_THAT(bytesOf(*first), HasSubstr("X-Unsent: 1\r\n"));
+}
+
+TEST_F(Machine, ADraftsNameTellsTheLocalTime) {
+  const auto timeInName = [&](const char* zone) {
+    ::setenv("TZ", zone, 1);
+    tzset();
+    std::tm parts{};
+    const auto path = SystemMail(drafts()).saveDraft(message_).value_or("");
+    const auto name = std::filesystem::path(path).filename().string();
+    EXPECT_NE(strptime(name.c_str(), "Mail %Y-%m-%d %H.%M.%S", &parts), nullptr) << path;
+    return timegm(&parts);
+  };
+  const auto east = timeInName("EAST-12");
+  const auto west = timeInName("WEST+11");
+  const auto hours = std::chrono::round<std::chrono::hours>(std::chrono::seconds(east - west));
+  EXPECT_EQ(hours.count(), 23);
 }
 
 TEST_F(Machine, DraftsAndTheirFolderAreTheUsersAlone) {

@@ -1,11 +1,13 @@
 #include "styles/QDDialerStyleSelectionController.h"
 
 #include <cmath>
+#include <ostream>
 
 #include "headless/drainAllQueues.h"
 #include "platform/makers/TBPSEmptyHeaderView.h"
 #include "platform/uikit/UIAccessibility.h"
 #include "styles/QDDialerTabStyleCell.h"
+#include "tests/support/ChangeCounter.h"
 #include "tests/support/StopCounter.h"
 #include "tests/unit/styles/StylePaneTest.h"
 
@@ -25,17 +27,6 @@ constexpr const char* kHoldInfo =
 constexpr const char* kAlwaysInfo =
     "Both buttons will always be shown.\n\n\nThe selection above will be automatically be set as "
     "your theme.";
-
-// Counts the changes of views that the host is told of.
-class ChangeCounter : public UIViewObserver {
- public:
-  ChangeCounter() { UIView::setObserver(this); }
-  ~ChangeCounter() override { UIView::setObserver(nullptr); }
-  void viewChanged(UIView& /*view*/) override { ++changes; }
-  void viewDestroyed(const UIView& /*view*/) override {}
-
-  int changes = 0;
-};
 
 class DialTabPaneTest : public StylePaneTest {
  protected:
@@ -123,14 +114,19 @@ TEST_F(DialTabPaneTest, ChoosingShowAlwaysWritesModeThenTitleAndShowsItsPreviewA
 
 TEST_F(DialTabPaneTest, EachPreviewIsDescribedInASentenceOfItsOwn) {
   const auto pane = openPane();
-  std::set<std::string> sentences;
-  for (const int mode : {1, 2, 0}) {
+  const auto description = [&](int mode) {
     choose(*pane, mode);
-    const auto& sentence = styleCell(*pane)->animatedImageView()->accessibilityLabel();
-    EXPECT_TRUE(sentence.ends_with("."));
-    sentences.insert(sentence);
-  }
-  EXPECT_THAT(sentences, SizeIs(3));
+    return styleCell(*pane)->animatedImageView()->accessibilityLabel();
+  };
+  EXPECT_EQ(description(1),
+            "Animation: a finger rests on the green button until the Call Anonymously button comes "
+            "out beside it.");
+  EXPECT_EQ(description(2),
+            "Animation: both buttons stand side by side, and a finger taps the Call Anonymously "
+            "button.");
+  EXPECT_EQ(description(0),
+            "Animation: a finger swipes sideways from the green button, and the Call Anonymously "
+            "button slides out beside it.");
 }
 
 TEST_F(DialTabPaneTest, AStoredModeWithAnotherTitleHasItsTitlePutRightAlone) {
@@ -274,6 +270,10 @@ struct DialMeasures {
   float previewHeight;
   float infoTop;
   float height;
+
+  friend std::ostream& operator<<(std::ostream& out, const DialMeasures& measures) {
+    return out << measures.width << " points";
+  }
 };
 
 class DialTabMeasuresTest : public DialTabPaneTest,
@@ -301,10 +301,7 @@ INSTANTIATE_TEST_SUITE_P(Widths, DialTabMeasuresTest,
                                          DialMeasures{320, 209.99275F, 285.99274F, 385.99274F},
                                          DialMeasures{375, 249.81897F, 325.81897F, 425.81897F},
                                          DialMeasures{414, 278.0594F, 354.0594F, 454.0594F},
-                                         DialMeasures{768.5, 534.75745F, 610.75745F, 710.75745F}),
-                         [](const auto& info) {
-                           return std::to_string(static_cast<int>(info.param.width));
-                         });
+                                         DialMeasures{768.5, 534.75745F, 610.75745F, 710.75745F}));
 
 TEST_F(DialTabPaneTest, TheRowFollowsTheWidthOfTheTable) {
   const auto pane = openPane();
@@ -382,6 +379,18 @@ TEST_F(DialTabPaneTest, WithReducedMotionThePreviewShowsItsLastFrameAndNothingMo
   UIAccessibilitySetReduceMotionEnabled(false);
   choose(*pane, 1);
   EXPECT_TRUE(cell->animatedImageView()->isAnimating());
+}
+
+TEST_F(DialTabPaneTest, AViewThatIsGoneBeforeItsLastFrameIsThereIsNotMissed) {
+  UIAccessibilitySetReduceMotionEnabled(true);
+  auto pane = openPane();
+  const auto picture = styleCell(*pane)->animatedImage();
+  const std::weak_ptr<UIView> preview = styleCell(*pane)->animatedImageView();
+  inner->popViewControllerAnimated(false);
+  pane.reset();
+  ASSERT_TRUE(preview.expired());
+  drainAllQueues();
+  EXPECT_GE(picture->frameCount(), 2U) << "the picture was there to be decoded";
 }
 
 TEST_F(DialTabPaneTest, LeavingThePageStopsThePreview) {

@@ -1,5 +1,7 @@
 #include "styles/QDSystemwideStyleSelectionController.h"
 
+#include <ostream>
+
 #include "platform/makers/TBPSEmptyHeaderView.h"
 #include "platform/preferences/PSEditableTableCell.h"
 #include "platform/preferences/PSTextFieldSpecifier.h"
@@ -236,10 +238,38 @@ TEST_F(SystemwidePaneTest, ThereIsOneRecogniserWhateverIsLoadedFirst) {
   }
 }
 
+TEST_F(SystemwidePaneTest, TheVeryFirstListIsTheOneThatIsKept) {
+  const auto pane = allocInit<QDSystemwideStyleSelectionController>();
+  const auto first = pane->specifiers();
+  ASSERT_THAT(first, SizeIs(5));
+  EXPECT_EQ(pane->specifiers(), first);
+}
+
+TEST_F(SystemwidePaneTest, EachPreviewIsDescribedInASentenceOfItsOwn) {
+  const auto pane = openPane();
+  const auto description = [&](int mode) {
+    choose(*pane, mode);
+    return styleCell(*pane)->animatedImageView()->accessibilityLabel();
+  };
+  EXPECT_EQ(description(0),
+            "Animation: on the call screen a finger swipes sideways from the Call button, and the "
+            "Call Anonymously button slides out beside it.");
+  EXPECT_EQ(description(1),
+            "Animation: on the call screen a finger rests on the Call button until the Call "
+            "Anonymously button comes out beside it.");
+  EXPECT_EQ(description(2),
+            "Animation: the call screen shows both buttons, and a finger taps the Call Anonymously "
+            "button.");
+}
+
 struct SystemwideMeasures {
   CGFloat width;
   float previewHeight;
   float height;
+
+  friend std::ostream& operator<<(std::ostream& out, const SystemwideMeasures& measures) {
+    return out << measures.width << " points";
+  }
 };
 
 class SystemwideMeasuresTest : public SystemwidePaneTest,
@@ -266,10 +296,7 @@ INSTANTIATE_TEST_SUITE_P(Widths, SystemwideMeasuresTest,
                                          SystemwideMeasures{320, 437.15848F, 513.15845F},
                                          SystemwideMeasures{375, 537.34064F, 613.34064F},
                                          SystemwideMeasures{414, 608.37885F, 684.37885F},
-                                         SystemwideMeasures{768.5, 1254.0984F, 1330.0984F}),
-                         [](const auto& info) {
-                           return std::to_string(static_cast<int>(info.param.width));
-                         });
+                                         SystemwideMeasures{768.5, 1254.0984F, 1330.0984F}));
 
 TEST_F(SystemwidePaneTest, ACellByItselfHasItsReuseIdentifierAndTheDefaultStyle) {
   const auto pane = openPane();

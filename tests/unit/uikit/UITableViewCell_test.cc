@@ -2,6 +2,7 @@
 
 #include "platform/uikit/UIApplication.h"
 #include "platform/uikit/metrics.h"
+#include "tests/support/ChangeCounter.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
@@ -54,6 +55,20 @@ TEST_F(CellTest, NothingGetsANegativeWidthInAVeryNarrowRow) {
       laidOut("Title", "Value", 20, UITableViewCellAccessoryType::kDisclosureIndicator);
   EXPECT_GE(cell->textLabel()->frame().size.width, 0);
   EXPECT_GE(cell->detailTextLabel()->frame().size.width, 0);
+}
+
+TEST_F(CellTest, WhatIsDrawnOfACellIsDrawnAnewWhenItChanges) {
+  const auto cell = laidOut("Title", "Value", 320, UITableViewCellAccessoryType::kNone);
+  const auto changesAfter = [](const auto& set) {
+    const ChangeCounter counter;
+    set();
+    return counter.changes;
+  };
+  EXPECT_GT(changesAfter([&] { cell->setSeparatorInset({1, 2, 3, 4}); }), 0);
+  EXPECT_GT(changesAfter([&] { cell->setLayoutMargins({1, 2, 3, 4}); }), 0);
+  EXPECT_GT(changesAfter([&] { cell->setPreservesSuperviewLayoutMargins(false); }), 0);
+  EXPECT_GT(changesAfter([&] { cell->setPosition(UITableViewCellPosition::kLast); }), 0);
+  EXPECT_EQ(changesAfter([&] { cell->setPosition(UITableViewCellPosition::kLast); }), 0);
 }
 
 class LargeTextTest : public CellTest {

@@ -2,6 +2,7 @@
 
 #include "platform/foundation/Subclass.h"
 #include "platform/foundation/method.h"
+#include "tests/support/ChangeCounter.h"
 #include "tests/support/PaneTest.h"
 
 namespace {
@@ -59,6 +60,17 @@ TEST_F(TextFieldTest, EndEditingReachesTheFieldBelowTheViewOnly) {
   EXPECT_TRUE(field->isFirstResponder());
   view->endEditing(true);
   EXPECT_FALSE(field->isFirstResponder());
+}
+
+TEST_F(TextFieldTest, WhatIsDrawnOfAFieldIsDrawnAnewWhenItChanges) {
+  const auto changesAfter = [](const auto& set) {
+    const ChangeCounter counter;
+    set();
+    return counter.changes;
+  };
+  EXPECT_GT(changesAfter([&] { field->setText("a"); }), 0);
+  EXPECT_GT(changesAfter([&] { field->setPlaceholder("a"); }), 0);
+  EXPECT_GT(changesAfter([&] { field->setKeyboard(UIKeyboardType::kPhonePad, {}, {}); }), 0);
 }
 
 TEST_F(TextFieldTest, ADisabledFieldTakesNoFocus) {
