@@ -18,7 +18,7 @@ NSBundle::NSBundle(std::string bundlePath, const ClassTable& table)
 
 std::shared_ptr<const NSBundle> NSBundle::load(std::string bundlePath, const ClassTable& table) {
   registerClasses(table);
-  const std::shared_ptr<const NSBundle> bundle(new NSBundle(std::move(bundlePath), table));
+  std::shared_ptr<const NSBundle> bundle(new NSBundle(std::move(bundlePath), table));
   loadedBundles().push_back(bundle);
   return bundle;
 }
