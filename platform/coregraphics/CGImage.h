@@ -20,7 +20,7 @@ enum class CGImageAlphaInfo {
   only = 7,
 };
 
-/// Makes a picture's pixels when they are first asked for.
+/// Makes the pixels of pictures, which it knows by numbers, when they are first asked for.
 class PLATFORM_API PixelProvider {
  public:
   PixelProvider() = default;
@@ -29,7 +29,7 @@ class PLATFORM_API PixelProvider {
   virtual ~PixelProvider() = default;
 
   /// Null if there is no memory for them. May be called on any thread.
-  virtual std::shared_ptr<const PixelBuffer> makePixels() = 0;
+  virtual std::shared_ptr<const PixelBuffer> makePixels(std::size_t picture) = 0;
 };
 
 /// An immutable picture. Any thread may use it.
@@ -44,10 +44,11 @@ class PLATFORM_API CGImage {
       std::shared_ptr<const PixelBuffer> pixels,
       CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::premultipliedFirst);
 
-  /// A picture whose pixels come from `provider` when they are first needed, and are exactly
-  /// `width` x `height`.
+  /// A picture whose pixels come from `provider`, by the number `picture`, when they are first
+  /// needed, and are exactly `width` x `height`.
   static std::shared_ptr<const CGImage> create(std::size_t width, std::size_t height,
-                                               std::shared_ptr<PixelProvider> provider);
+                                               std::shared_ptr<PixelProvider> provider,
+                                               std::size_t picture = 0);
 
   CGImage(const CGImage&) = delete;
   CGImage& operator=(const CGImage&) = delete;
@@ -67,12 +68,19 @@ class PLATFORM_API CGImage {
   std::shared_ptr<const PixelBuffer> pixels() const;
 
  private:
-  CGImage(std::size_t width, std::size_t height, CGImageAlphaInfo alphaInfo,
-          std::shared_ptr<const PixelBuffer> pixels, std::shared_ptr<PixelProvider> provider);
+  struct Private {};
 
+ public:
+  /// For create().
+  CGImage(Private, std::size_t width, std::size_t height, CGImageAlphaInfo alphaInfo,
+          std::shared_ptr<const PixelBuffer> pixels, std::shared_ptr<PixelProvider> provider,
+          std::size_t picture);
+
+ private:
   const std::size_t width_;
   const std::size_t height_;
   const CGImageAlphaInfo alphaInfo_;
+  const std::size_t picture_;
   mutable std::mutex mutex_;  // guards the two below
   mutable std::shared_ptr<const PixelBuffer> pixels_;
   mutable std::shared_ptr<PixelProvider> provider_;  // dropped once the pixels are there

@@ -10,20 +10,6 @@ namespace {
 constexpr unsigned minimumDelay = 2;  // hundredths of a second
 constexpr double defaultDelayTime = 0.1;
 
-class FrameProvider : public PixelProvider {
- public:
-  FrameProvider(std::shared_ptr<GIFCompositor> compositor, std::size_t index)
-      : compositor_(std::move(compositor)), index_(index) {}
-
-  std::shared_ptr<const PixelBuffer> makePixels() override {
-    return compositor_->compositeFrame(index_);
-  }
-
- private:
-  std::shared_ptr<GIFCompositor> compositor_;
-  std::size_t index_;
-};
-
 }  // namespace
 
 CGImageSource::CGImageSource(std::shared_ptr<GIFCompositor> compositor)
@@ -48,26 +34,25 @@ std::string_view CGImageSource::type() const {
 }
 
 std::size_t CGImageSource::count() const {
-  return compositor_->structure().frames.size();
+  return compositor_->structure().frameCount();
 }
 
 std::shared_ptr<const CGImage> CGImageSource::createImageAtIndex(std::size_t index) const {
   const GIFStructure& structure = compositor_->structure();
-  if (index >= structure.frames.size() || !structure.frames[index].isDecodable) {
+  if (index >= structure.frameCount() || !structure.isDecodable(index)) {
     return nullptr;
   }
-  return CGImage::create(structure.width, structure.height,
-                         std::make_shared<FrameProvider>(compositor_, index));
+  return CGImage::create(structure.width(), structure.height(), compositor_, index);
 }
 
 std::optional<CGImageProperties> CGImageSource::copyPropertiesAtIndex(std::size_t index) const {
   const GIFStructure& structure = compositor_->structure();
-  if (index >= structure.frames.size()) {
+  if (index >= structure.frameCount()) {
     return std::nullopt;
   }
   CGImageProperties properties{
-      .pixelWidth = structure.width, .pixelHeight = structure.height, .gif = {}};
-  const GIFFrame& frame = structure.frames[index];
+      .pixelWidth = structure.width(), .pixelHeight = structure.height(), .gif = {}};
+  const GIFFrame frame = structure.frame(index);
   if (frame.hasControlExtension) {
     properties.gif.unclampedDelayTime = frame.delay / 100.0;
     properties.gif.delayTime = frame.delay < minimumDelay ? defaultDelayTime : frame.delay / 100.0;

@@ -15,6 +15,7 @@ std::shared_ptr<FrameBuffer> FrameBufferPool::take() {
   }
   auto buffer = std::make_shared<FrameBuffer>();
   buffer->pixels = std::move(pixels);
+  buffer->pool = weak_from_this();
   return buffer;
 }
 
@@ -24,10 +25,14 @@ bool FrameBufferPool::isCurrentWritable() const {
 }
 
 std::shared_ptr<const PixelBuffer> FrameBufferPool::lendCurrent() {
-  current_->uses.fetch_add(1, std::memory_order_relaxed);
-  return {current_->pixels.get(), [pool = weak_from_this(), buffer = current_](const PixelBuffer*) {
+  if (isCurrentWritable()) {
+    current_->uses.store(2, std::memory_order_relaxed);  // nobody else changes it now
+  } else {
+    current_->uses.fetch_add(1, std::memory_order_relaxed);
+  }
+  return {current_->pixels.get(), [buffer = current_](const PixelBuffer*) {
             if (endUse(*buffer)) {
-              if (const auto owner = pool.lock()) {
+              if (const auto owner = buffer->pool.lock()) {
                 owner->keepFree(buffer);
               }
             }

@@ -10,11 +10,14 @@
 
 #include "platform/coregraphics/PixelBuffer.h"
 
+class FrameBufferPool;
+
 /// A buffer of the size of the canvas, and which frame it shows.
 struct FrameBuffer {
   static constexpr std::size_t noFrame = std::numeric_limits<std::size_t>::max();
 
   std::shared_ptr<PixelBuffer> pixels;
+  std::weak_ptr<FrameBufferPool> pool;  // where it goes when it is free
   std::size_t frame = noFrame;
   /// Loans, and places that the pool keeps it in. When there is none it is free.
   std::atomic<std::size_t> uses{0};

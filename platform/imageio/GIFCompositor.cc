@@ -12,12 +12,12 @@ constexpr std::size_t maximumFollowedFrames = 64;
 constexpr std::size_t copiedWhole = 1024;
 
 std::size_t keptSpacingFor(const GIFStructure& structure) {
-  const std::size_t canvasBytes = structure.width * structure.height * sizeof(std::uint32_t);
+  const std::size_t canvasBytes = structure.width() * structure.height() * sizeof(std::uint32_t);
   const std::size_t canvases = GIFCompositor::maximumKeptBytes / canvasBytes;
   if (canvases == 0) {
     return 0;
   }
-  return std::max(GIFCompositor::minimumKeptSpacing, structure.frames.size() / (canvases + 1) + 1);
+  return std::max(GIFCompositor::minimumKeptSpacing, structure.frameCount() / (canvases + 1) + 1);
 }
 
 }  // namespace
@@ -28,16 +28,16 @@ GIFCompositor::GIFCompositor(std::shared_ptr<const std::vector<std::uint8_t>> da
       structure_(std::move(structure)),
       keptSpacing_(keptSpacingFor(structure_)),
       painter_(*data_, structure_),
-      pool_(std::make_shared<FrameBufferPool>(structure_.width, structure_.height)),
-      coverage_(structure_.frames.size(), Coverage::unknown),
-      changes_(structure_.width, structure_.height) {}
+      pool_(std::make_shared<FrameBufferPool>(structure_.width(), structure_.height())),
+      changes_(structure_.width(), structure_.height()) {}
 
-std::shared_ptr<const PixelBuffer> GIFCompositor::compositeFrame(std::size_t index) {
+std::shared_ptr<const PixelBuffer> GIFCompositor::makePixels(std::size_t index) {
   const std::lock_guard lock(mutex_);
-  if (index >= structure_.frames.size() || !structure_.frames[index].isDecodable) {
+  if (index >= structure_.frameCount() || !structure_.isDecodable(index)) {
     return nullptr;
   }
   if (!pool_->current() || pool_->current()->frame != index) {
+    coverage_.resize(structure_.frameCount(), Coverage::unknown);
     Outcome outcome = composite(index, true);
     if (outcome == Outcome::coverageWasWrong) {
       outcome = composite(index, false);
@@ -53,21 +53,27 @@ std::shared_ptr<const PixelBuffer> GIFCompositor::compositeFrame(std::size_t ind
 
 /// Whether nothing of the canvas is left to see under the frame.
 bool GIFCompositor::coversAll(std::size_t index, bool trustUnknown) const {
-  const GIFFrame& frame = structure_.frames[index];
-  return frame.isDecodable && !frame.hasTransparency &&
-         frame.coversCanvas(structure_.width, structure_.height) &&
+  return structure_.isDecodable(index) && !structure_.hasTransparency(index) &&
+         structure_.coversCanvas(index) &&
          (coverage_[index] == Coverage::complete ||
           (trustUnknown && coverage_[index] == Coverage::unknown));
 }
 
 bool GIFCompositor::clearsAll(std::size_t index) const {
-  const GIFFrame& frame = structure_.frames[index];
-  return frame.isDecodable && frame.disposal == GIFDisposal::clear &&
-         frame.coversCanvas(structure_.width, structure_.height);
+  return structure_.disposal(index) == GIFDisposal::clear && structure_.isDecodable(index) &&
+         structure_.coversCanvas(index);
 }
 
-GIFRect GIFCompositor::rectOf(std::size_t index) const {
-  return structure_.frames[index].visibleRect(structure_.width, structure_.height);
+/// Whether an empty canvas need not be cleared for the start's first frame, since that writes every
+/// pixel.
+bool GIFCompositor::replacesCanvas(Start start, std::size_t index) const {
+  if (start.origin != Origin::empty && start.origin != Origin::nothingNeeded) {
+    return false;
+  }
+  const GIFDisposal disposal = structure_.disposal(start.first);
+  const bool isDrawn =
+      disposal == GIFDisposal::keep || (start.first == index && disposal == GIFDisposal::clear);
+  return isDrawn && structure_.isDecodable(start.first) && structure_.coversCanvas(start.first);
 }
 
 GIFCompositor::Start GIFCompositor::findStart(std::size_t index, bool trustUnknown) {
@@ -77,7 +83,7 @@ GIFCompositor::Start GIFCompositor::findStart(std::size_t index, bool trustUnkno
     return {Origin::currentFrame, index};
   }
   for (std::size_t first = index;; --first) {
-    const GIFDisposal disposal = structure_.frames[first].disposal;
+    const GIFDisposal disposal = structure_.disposal(first);
     const bool staysDrawn =
         first == index ? disposal != GIFDisposal::restorePrevious : disposal == GIFDisposal::keep;
     if (staysDrawn && coversAll(first, trustUnknown)) {
@@ -97,23 +103,18 @@ GIFCompositor::Start GIFCompositor::findStart(std::size_t index, bool trustUnkno
 
 GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnknown) {
   const Start start = findStart(index, trustUnknown);
-  const std::shared_ptr<FrameBuffer> target =
-      pool_->isCurrentWritable() ? pool_->current() : pool_->take();
-  if (!target) {
+  const bool isInPlace = pool_->isCurrentWritable();
+  std::shared_ptr<FrameBuffer> taken = isInPlace ? nullptr : pool_->take();
+  FrameBuffer* const target = isInPlace ? pool_->current().get() : taken.get();
+  if (target == nullptr) {
     return Outcome::noMemory;
   }
 
-  // An empty canvas need not be cleared under a frame that then writes every pixel.
-  const GIFFrame& firstFrame = structure_.frames[start.first];
-  const bool replacesCanvas =
-      (start.origin == Origin::empty || start.origin == Origin::nothingNeeded) &&
-      firstFrame.isDecodable && firstFrame.coversCanvas(structure_.width, structure_.height) &&
-      (firstFrame.disposal == GIFDisposal::keep ||
-       (start.first == index && firstFrame.disposal == GIFDisposal::clear));
+  const bool replacesAll = replacesCanvas(start, index);
   const bool replacesRect = replacesClearedRect(start, index);
   // Shows the canvas as long as nothing is drawn.
   std::shared_ptr<FrameBuffer> before = bufferBefore(start, *target);
-  if (!replacesCanvas) {
+  if (!replacesAll) {
     prepare(*target, start, replacesRect);
   }
   target->frame = FrameBuffer::noFrame;
@@ -122,30 +123,30 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
     if (i > start.first && i == lastKeepable(index)) {
       keepCanvas(i, *target->pixels);
     }
-    const GIFFrame& frame = structure_.frames[i];
-    if (!frame.isDecodable) {
+    if (!structure_.isDecodable(i)) {
       continue;
     }
-    if (i < index && frame.disposal != GIFDisposal::keep) {
-      if (frame.disposal == GIFDisposal::clear) {
-        clearRect(rectOf(i), *target->pixels);
+    const GIFDisposal disposal = structure_.disposal(i);
+    if (i < index && disposal != GIFDisposal::keep) {
+      if (disposal == GIFDisposal::clear) {
+        clearRect(structure_.visibleRect(i), *target->pixels);
         before.reset();
       }
       continue;
     }
-    if (i < index || frame.disposal != GIFDisposal::restorePrevious) {
+    if (i < index || disposal != GIFDisposal::restorePrevious) {
       before.reset();
-    } else if (!before && !save(rectOf(i), *target->pixels)) {
+    } else if (!before && !save(structure_.visibleRect(i), *target->pixels)) {
       return Outcome::noMemory;
     }
-    const bool isReplacing = (replacesCanvas || replacesRect) && i == start.first;
+    const bool isReplacing = (replacesAll || replacesRect) && i == start.first;
     GIFPainter::Result result =
         paint(i, *target, isReplacing ? GIFPainter::Mode::replace : GIFPainter::Mode::over);
     if (isReplacing && result == GIFPainter::Result::partial) {
       if (start.origin == Origin::nothingNeeded) {
         return Outcome::coverageWasWrong;
       }
-      clearRect(rectOf(i), *target->pixels);
+      clearRect(structure_.visibleRect(i), *target->pixels);
       result = paint(i, *target, GIFPainter::Mode::over);
     }
     if (result == GIFPainter::Result::noMemory) {
@@ -159,20 +160,21 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
   }
   // First, since it may be what is current still.
   pool_->setUnder(std::move(before));
-  pool_->setCurrent(target);
+  if (taken) {
+    pool_->setCurrent(std::move(taken));
+  }
   return Outcome::done;
 }
 
 /// Whether the frame is all that will be seen where the one before it was cleared.
 bool GIFCompositor::replacesClearedRect(Start start, std::size_t index) const {
-  const GIFFrame& frame = structure_.frames[index];
   if (start.origin != Origin::currentFrame || start.first != index ||
-      frame.disposal == GIFDisposal::restorePrevious) {
+      structure_.disposal(index) == GIFDisposal::restorePrevious) {
     return false;
   }
   const std::size_t current = pool_->current()->frame;
-  return structure_.frames[current].disposal == GIFDisposal::clear &&
-         rectOf(current).contains(rectOf(index));
+  return structure_.disposal(current) == GIFDisposal::clear &&
+         structure_.visibleRect(current).contains(structure_.visibleRect(index));
 }
 
 /// A buffer besides the target that shows the canvas before the start's first frame; may be null.
@@ -181,7 +183,7 @@ std::shared_ptr<FrameBuffer> GIFCompositor::bufferBefore(Start start,
   if (start.origin != Origin::currentFrame) {
     return nullptr;
   }
-  switch (structure_.frames[pool_->current()->frame].disposal) {
+  switch (structure_.disposal(pool_->current()->frame)) {
     case GIFDisposal::keep:
       return &target == pool_->current().get() ? nullptr : pool_->current();
     case GIFDisposal::restorePrevious:
@@ -194,7 +196,7 @@ std::shared_ptr<FrameBuffer> GIFCompositor::bufferBefore(Start start,
 /// Brings the target to the canvas before the start's first frame; where that frame replaces its
 /// rectangle, outside of it.
 void GIFCompositor::prepare(FrameBuffer& target, Start start, bool replacesRect) {
-  const std::size_t pixelCount = structure_.width * structure_.height;
+  const std::size_t pixelCount = structure_.width() * structure_.height();
   switch (start.origin) {
     case Origin::nothingNeeded:
       break;
@@ -213,8 +215,8 @@ void GIFCompositor::prepare(FrameBuffer& target, Start start, bool replacesRect)
 
 void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect) {
   const FrameBuffer& current = *pool_->current();
-  const GIFDisposal disposal = structure_.frames[current.frame].disposal;
-  const GIFRect rect = rectOf(current.frame);
+  const GIFDisposal disposal = structure_.disposal(current.frame);
+  const GIFRect rect = structure_.visibleRect(current.frame);
   if (disposal == GIFDisposal::restorePrevious && pool_->under()) {
     findChanges(target, *pool_->under());
     changes_.copy(*pool_->under()->pixels, *target.pixels);
@@ -230,7 +232,7 @@ void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, b
   if (disposal == GIFDisposal::restorePrevious) {
     restore(rect, *target.pixels);
   } else if (disposal == GIFDisposal::clear) {
-    clearAround(replacesRect ? rectOf(first) : GIFRect{}, rect, *target.pixels);
+    clearAround(replacesRect ? structure_.visibleRect(first) : GIFRect{}, rect, *target.pixels);
   }
 }
 
@@ -240,23 +242,22 @@ void GIFCompositor::findChanges(const FrameBuffer& target, const FrameBuffer& fr
   changes_.clear();
   const auto [first, last] = std::minmax(target.frame, from.frame);
   if (target.frame == FrameBuffer::noFrame || last - first > maximumFollowedFrames ||
-      structure_.width * structure_.height <= copiedWhole) {
+      structure_.width() * structure_.height() <= copiedWhole) {
     changes_.addAll();
     return;
   }
   for (std::size_t i = first; i <= last; ++i) {
-    const GIFDisposal disposal = structure_.frames[i].disposal;
+    const GIFDisposal disposal = structure_.disposal(i);
     if ((i != first || disposal != GIFDisposal::keep) &&
         (i == first || i == last || disposal != GIFDisposal::restorePrevious)) {
-      changes_.add(rectOf(i));
+      changes_.add(structure_.visibleRect(i));
     }
   }
 }
 
 GIFPainter::Result GIFCompositor::paint(std::size_t index, FrameBuffer& target,
                                         GIFPainter::Mode mode) {
-  const GIFPainter::Result result =
-      painter_.paint(structure_.frames[index], target.pixels->pixels(), mode);
+  const GIFPainter::Result result = painter_.paint(index, target.pixels->pixels(), mode);
   if (result != GIFPainter::Result::noMemory) {
     coverage_[index] =
         result == GIFPainter::Result::complete ? Coverage::complete : Coverage::partial;
@@ -265,12 +266,12 @@ GIFPainter::Result GIFCompositor::paint(std::size_t index, FrameBuffer& target,
 }
 
 void GIFCompositor::clearRect(const GIFRect& rect, PixelBuffer& pixels) const {
-  std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width + rect.left;
-  if (rect.width == structure_.width) {
+  std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width() + rect.left;
+  if (rect.width == structure_.width()) {
     std::fill_n(to, rect.area(), 0);
     return;
   }
-  for (std::size_t y = 0; y < rect.height; ++y, to += structure_.width) {
+  for (std::size_t y = 0; y < rect.height; ++y, to += structure_.width()) {
     std::fill_n(to, rect.width, 0);
   }
 }
@@ -302,11 +303,11 @@ bool GIFCompositor::save(const GIFRect& rect, const PixelBuffer& pixels) {
     }
     savedCapacity_ = rect.area();
   }
-  const std::uint32_t* from = pixels.pixels().data() + rect.top * structure_.width + rect.left;
+  const std::uint32_t* from = pixels.pixels().data() + rect.top * structure_.width() + rect.left;
   std::uint32_t* to = saved_.get();
   for (std::size_t y = 0; y < rect.height; ++y) {
     std::copy_n(from, rect.width, to);
-    from += structure_.width;
+    from += structure_.width();
     to += rect.width;
   }
   return true;
@@ -315,11 +316,11 @@ bool GIFCompositor::save(const GIFRect& rect, const PixelBuffer& pixels) {
 /// Brings back what was remembered.
 void GIFCompositor::restore(const GIFRect& rect, PixelBuffer& pixels) const {
   const std::uint32_t* from = saved_.get();
-  std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width + rect.left;
+  std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width() + rect.left;
   for (std::size_t y = 0; y < rect.height; ++y) {
     std::copy_n(from, rect.width, to);
     from += rect.width;
-    to += structure_.width;
+    to += structure_.width();
   }
 }
 
@@ -329,7 +330,8 @@ std::size_t GIFCompositor::lastKeepable(std::size_t index) const {
 }
 
 void GIFCompositor::keepCanvas(std::size_t index, const PixelBuffer& pixels) {
-  std::shared_ptr<PixelBuffer> canvas = PixelBuffer::create(structure_.width, structure_.height);
+  std::shared_ptr<PixelBuffer> canvas =
+      PixelBuffer::create(structure_.width(), structure_.height());
   if (canvas) {
     std::copy_n(pixels.pixels().data(), pixels.pixels().size(), canvas->pixels().data());
     kept_.emplace(index, std::move(canvas));

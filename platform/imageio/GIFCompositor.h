@@ -8,6 +8,7 @@
 #include <span>
 #include <vector>
 
+#include "platform/coregraphics/CGImage.h"
 #include "platform/coregraphics/PixelBuffer.h"
 #include "platform/imageio/FrameBufferPool.h"
 #include "platform/imageio/GIFChangedRows.h"
@@ -34,7 +35,7 @@
 /// Memory besides the file, its structure and the frames that callers hold: one canvas, a second
 /// one with disposal 3, one byte a pixel of the largest frame, FrameBufferPool::maximumFree
 /// canvases once callers hold frames, and the kept canvases, `maximumKeptBytes` together.
-class GIFCompositor {
+class GIFCompositor : public PixelProvider {
  public:
   static constexpr std::size_t maximumKeptBytes = std::size_t{8} << 20;
   static constexpr std::size_t minimumKeptSpacing = 8;
@@ -45,7 +46,7 @@ class GIFCompositor {
 
   /// The canvas while this frame shows. The caller may hold it for as long as it likes. Null if the
   /// frame is not decodable or there is no memory; then other frames are as before.
-  std::shared_ptr<const PixelBuffer> compositeFrame(std::size_t index);
+  std::shared_ptr<const PixelBuffer> makePixels(std::size_t index) override;
 
   /// Frames between two places where canvases are kept; 0 if the canvas is too large to keep any.
   std::size_t keptSpacing() const { return keptSpacing_; }
@@ -64,12 +65,12 @@ class GIFCompositor {
 
   bool coversAll(std::size_t index, bool trustUnknown) const;
   bool clearsAll(std::size_t index) const;
-  GIFRect rectOf(std::size_t index) const;
 
   Start findStart(std::size_t index, bool trustUnknown);
   Outcome composite(std::size_t index, bool trustUnknown);
   void prepare(FrameBuffer& target, Start start, bool replacesRect);
   void prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect);
+  bool replacesCanvas(Start start, std::size_t index) const;
   bool replacesClearedRect(Start start, std::size_t index) const;
   std::shared_ptr<FrameBuffer> bufferBefore(Start start, const FrameBuffer& target) const;
   void findChanges(const FrameBuffer& target, const FrameBuffer& from);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -21,8 +20,7 @@ struct GIFRect {
   }
 };
 
-/// One image of a GIF as its descriptor and control extension give it. Nothing of its data is
-/// decoded.
+/// One image of a GIF as its descriptor and control extension give it.
 struct GIFFrame {
   /// Of the byte with the minimum code size, which the sub-blocks follow.
   std::size_t dataOffset = 0;
@@ -48,21 +46,4 @@ struct GIFFrame {
   /// False where the data is needed but cannot be read at all; such a frame draws nothing and
   /// disposes of nothing.
   bool isDecodable = false;
-
-  /// Of no area: it changes nothing, whatever its data.
-  bool isEmpty() const { return width == 0 || height == 0; }
-
-  GIFRect visibleRect(std::size_t canvasWidth, std::size_t canvasHeight) const {
-    GIFRect rect{.left = std::min<std::size_t>(left, canvasWidth),
-                 .top = std::min<std::size_t>(top, canvasHeight),
-                 .width = 0,
-                 .height = 0};
-    rect.width = std::min<std::size_t>(width, canvasWidth - rect.left);
-    rect.height = std::min<std::size_t>(height, canvasHeight - rect.top);
-    return rect;
-  }
-
-  bool coversCanvas(std::size_t canvasWidth, std::size_t canvasHeight) const {
-    return left == 0 && top == 0 && width >= canvasWidth && height >= canvasHeight;
-  }
 };

@@ -94,7 +94,8 @@ class RowOrder {
 GIFPainter::GIFPainter(std::span<const std::uint8_t> data, const GIFStructure& structure)
     : data_(data),
       structure_(structure),
-      globalPalette_(readPalette(structure.globalColourTableOffset, structure.globalColourCount)) {}
+      globalPalette_(
+          readPalette(structure.globalColourTableOffset(), structure.globalColourCount())) {}
 
 GIFPainter::Palette GIFPainter::readPalette(std::size_t offset, std::size_t count) const {
   Palette palette;
@@ -107,12 +108,13 @@ GIFPainter::Palette GIFPainter::readPalette(std::size_t offset, std::size_t coun
   return palette;
 }
 
-GIFPainter::Result GIFPainter::paint(const GIFFrame& frame, std::span<std::uint32_t> canvas,
+GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t> canvas,
                                      Mode mode) {
-  const GIFRect rect = frame.visibleRect(structure_.width, structure_.height);
+  const GIFRect rect = structure_.visibleRect(index);
   if (rect.area() == 0) {
     return Result::complete;
   }
+  const GIFFrame frame = structure_.frame(index);
   // An interlaced image has visible rows up to its end.
   const std::size_t rowCount = frame.isInterlaced ? frame.height : rect.height;
   const std::size_t rowLength = frame.width;
@@ -135,12 +137,12 @@ GIFPainter::Result GIFPainter::paint(const GIFFrame& frame, std::span<std::uint3
     ownPalette[frame.transparentIndex] = 0;
   }
 
-  std::uint32_t* const origin = canvas.data() + rect.top * structure_.width + rect.left;
+  std::uint32_t* const origin = canvas.data() + rect.top * structure_.width() + rect.left;
   const auto paintRow = [&](std::size_t row, const std::uint8_t* indexes, std::size_t count) {
     if (row >= rect.height) {
       return;
     }
-    std::uint32_t* const to = origin + row * structure_.width;
+    std::uint32_t* const to = origin + row * structure_.width();
     if (leavesTransparent) {
       paintOver(to, indexes, count, palette->data(), frame.transparentIndex);
     } else {
@@ -149,18 +151,19 @@ GIFPainter::Result GIFPainter::paint(const GIFFrame& frame, std::span<std::uint3
   };
 
   RowOrder order(rowCount, frame.isInterlaced);
-  const std::size_t rowsInBatch = std::max<std::size_t>(1, batch / rowLength);
+  const std::size_t total = rowCount * rowLength;
+  const std::size_t inBatch =
+      total <= batch ? total : std::max<std::size_t>(1, batch / rowLength) * rowLength;
   const std::uint8_t* const indexes = decompressor_.indexes();
   std::size_t painted = 0;
-  while (painted < rowCount) {
-    const std::size_t wanted = std::min(rowCount, painted + rowsInBatch) * rowLength;
+  while (painted < total) {
+    const std::size_t wanted = std::min(total, painted + inBatch);
     const std::size_t there = decompressor_.decode(wanted);
-    for (; painted < there / rowLength; ++painted, order.advance()) {
-      paintRow(order.row(), indexes + painted * rowLength, rect.width);
+    for (; painted + rowLength <= there; painted += rowLength, order.advance()) {
+      paintRow(order.row(), indexes + painted, rect.width);
     }
     if (there < wanted) {
-      const std::size_t rest = std::min(there % rowLength, rect.width);
-      paintRow(order.row(), indexes + painted * rowLength, rest);
+      paintRow(order.row(), indexes + painted, std::min(there - painted, rect.width));
       return Result::partial;
     }
   }

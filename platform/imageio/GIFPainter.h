@@ -26,8 +26,8 @@ class GIFPainter {
   /// Both must outlive the painter.
   GIFPainter(std::span<const std::uint8_t> data, const GIFStructure& structure);
 
-  /// Draws a decodable frame.
-  Result paint(const GIFFrame& frame, std::span<std::uint32_t> canvas, Mode mode);
+  /// Draws the frame of that index, which is decodable.
+  Result paint(std::size_t index, std::span<std::uint32_t> canvas, Mode mode);
 
  private:
   using Palette = std::array<std::uint32_t, 256>;

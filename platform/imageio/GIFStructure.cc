@@ -28,23 +28,29 @@ GIFDisposal disposalOf(unsigned method) {
   }
 }
 
-class Reader {
+std::uint16_t wordAt(const std::uint8_t* bytes) {
+  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
+}
+
+}  // namespace
+
+class GIFStructure::Reader {
  public:
-  explicit Reader(std::span<const std::uint8_t> data) : data_(data) {}
+  explicit Reader(std::span<const std::uint8_t> data) : data_(data), structure_(data) {}
 
   std::optional<GIFStructure> read() {
     if (!readScreen()) {
       return std::nullopt;
     }
     const std::size_t maximumFrames =
-        GIFStructure::maximumCompositedPixelCount / (structure_.width * structure_.height);
-    while (structure_.frames.size() < maximumFrames && offset_ < data_.size()) {
+        maximumCompositedPixelCount / (structure_.width_ * structure_.height_);
+    while (structure_.records_.size() < maximumFrames && offset_ < data_.size()) {
       const std::uint8_t block = data_[offset_++];
       if (block == imageDescriptor ? !readImage() : block != extension || !readExtension()) {
         break;
       }
     }
-    if (structure_.frames.empty()) {
+    if (structure_.records_.empty()) {
       return std::nullopt;
     }
     return std::move(structure_);
@@ -52,10 +58,6 @@ class Reader {
 
  private:
   bool has(std::size_t count) const { return data_.size() - offset_ >= count; }
-
-  std::uint16_t word(std::size_t at) const {
-    return static_cast<std::uint16_t>(data_[at] | data_[at + 1] << 8);
-  }
 
   bool readScreen() {
     if (data_.size() < screenSize) {
@@ -65,35 +67,31 @@ class Reader {
     if (signature != "GIF87a" && signature != "GIF89a") {
       return false;
     }
-    structure_.width = word(6);
-    structure_.height = word(8);
+    structure_.width_ = wordAt(data_.data() + 6);
+    structure_.height_ = wordAt(data_.data() + 8);
     const std::uint8_t flags = data_[10];
     offset_ = screenSize;
-    if (structure_.width == 0 || structure_.height == 0 ||
-        structure_.width > PixelBuffer::maximumPixelCount / structure_.height) {
+    if (structure_.width_ == 0 || structure_.height_ == 0 ||
+        structure_.width_ > PixelBuffer::maximumPixelCount / structure_.height_) {
       return false;
     }
     if ((flags & 0x80) != 0) {
-      structure_.globalColourCount = static_cast<std::uint16_t>(2U << (flags & 7));
-      structure_.globalColourTableOffset = offset_;
-      return skip(3 * std::size_t{structure_.globalColourCount});
+      structure_.globalColourCount_ = static_cast<std::uint16_t>(2U << (flags & 7));
+      structure_.globalColourTableOffset_ = offset_;
+      const std::size_t size = 3 * std::size_t{structure_.globalColourCount_};
+      offset_ += size;
+      return data_.size() - screenSize >= size;
     }
-    return true;
-  }
-
-  bool skip(std::size_t count) {
-    if (!has(count)) {
-      return false;
-    }
-    offset_ += count;
     return true;
   }
 
   /// False if the data ends before the empty sub-block.
   bool skipSubBlocks() {
+    const std::uint8_t* const data = data_.data();
+    const std::size_t size = data_.size();
     std::size_t offset = offset_;
-    while (offset < data_.size()) {
-      const std::size_t length = data_[offset];
+    while (offset < size) {
+      const std::size_t length = data[offset];
       if (length == fullSubBlock) {
         // A guess that the processor can follow ahead of the memory: nearly all blocks are full.
         offset += 1 + fullSubBlock;
@@ -105,7 +103,7 @@ class Reader {
         return true;
       }
     }
-    offset_ = data_.size();
+    offset_ = size;
     return false;
   }
 
@@ -115,63 +113,94 @@ class Reader {
     }
     const std::uint8_t label = data_[offset_++];
     if (label == graphicControl && has(1 + controlSize) && data_[offset_] == controlSize) {
-      const std::uint8_t flags = data_[offset_ + 1];
-      next_ = GIFFrame{};
-      next_.hasControlExtension = true;
-      next_.disposal = disposalOf(flags >> 2 & 7);
-      next_.hasTransparency = (flags & 1) != 0;
-      next_.delay = word(offset_ + 2);
-      next_.transparentIndex = data_[offset_ + 4];
+      const std::uint8_t* const control = data_.data() + offset_ + 1;
+      next_ = {};
+      next_.hasControlExtension = 1;
+      next_.disposal = static_cast<std::uint64_t>(disposalOf(control[0] >> 2 & 7));
+      next_.hasTransparency = control[0] & 1;
+      next_.delay = wordAt(control + 1);
+      next_.transparentIndex = control[3];
     } else if (label == plainText) {
-      next_ = GIFFrame{};
+      next_ = {};
     }
     return skipSubBlocks();
   }
 
   bool readImage() {
-    if (!has(descriptorSize)) {
+    if (!has(descriptorSize) || offset_ > maximumDescriptorOffset) {
       return false;
     }
-    GIFFrame frame = std::exchange(next_, GIFFrame{});
-    frame.left = word(offset_);
-    frame.top = word(offset_ + 2);
-    frame.width = word(offset_ + 4);
-    frame.height = word(offset_ + 6);
+    Record record = std::exchange(next_, {});
+    record.descriptorOffset = offset_;
+    const std::size_t width = wordAt(data_.data() + offset_ + 4);
+    const std::size_t height = wordAt(data_.data() + offset_ + 6);
     const std::uint8_t flags = data_[offset_ + 8];
-    frame.isInterlaced = (flags & 0x40) != 0;
-    frame.hasOwnColourTable = (flags & 0x80) != 0;
-    frame.colourTableOffset = structure_.globalColourTableOffset;
-    frame.colourCount = structure_.globalColourCount;
     offset_ += descriptorSize;
-    bool whole = true;
-    if (frame.hasOwnColourTable) {
-      frame.colourTableOffset = offset_;
-      frame.colourCount = static_cast<std::uint16_t>(2U << (flags & 7));
-      whole = skip(3 * std::size_t{frame.colourCount});
-    }
-    whole = whole && has(1);
-    if (whole) {
-      frame.dataOffset = offset_;
+    const std::size_t tableSize = (flags & 0x80) != 0 ? std::size_t{6} << (flags & 7) : 0;
+    const bool hasData = has(tableSize + 1);
+    if (hasData) {
+      offset_ += tableSize;
       const std::uint8_t minimumCodeSize = data_[offset_++];
-      frame.isDecodable = minimumCodeSize >= 1 && minimumCodeSize <= 8 &&
-                          std::size_t{frame.width} * frame.height <= PixelBuffer::maximumPixelCount;
-      whole = skipSubBlocks();
+      record.isDecodable = minimumCodeSize >= 1 && minimumCodeSize <= 8 &&
+                           width * height <= PixelBuffer::maximumPixelCount;
     }
-    if (frame.isEmpty()) {
-      frame.isDecodable = true;
+    if (width == 0 || height == 0) {
+      record.isDecodable = 1;
     }
-    structure_.frames.push_back(frame);
-    return whole;
+    structure_.records_.push_back(record);
+    return hasData && skipSubBlocks();
   }
 
   std::span<const std::uint8_t> data_;
   std::size_t offset_ = 0;
   GIFStructure structure_;
-  GIFFrame next_;  // what the control extension said of the next image
+  Record next_{};  // what the control extension said of the next image
 };
-
-}  // namespace
 
 std::optional<GIFStructure> GIFStructure::read(std::span<const std::uint8_t> data) {
   return Reader(data).read();
+}
+
+GIFFrame GIFStructure::frame(std::size_t index) const {
+  const Record record = this->record(index);
+  const std::uint8_t* const descriptor = this->descriptor(index);
+  const std::uint8_t flags = descriptor[8];
+  GIFFrame frame;
+  frame.left = wordAt(descriptor);
+  frame.top = wordAt(descriptor + 2);
+  frame.width = wordAt(descriptor + 4);
+  frame.height = wordAt(descriptor + 6);
+  frame.delay = record.delay;
+  frame.transparentIndex = record.transparentIndex;
+  frame.disposal = static_cast<GIFDisposal>(record.disposal);
+  frame.hasControlExtension = record.hasControlExtension != 0;
+  frame.hasTransparency = record.hasTransparency != 0;
+  frame.isDecodable = record.isDecodable != 0;
+  frame.isInterlaced = (flags & 0x40) != 0;
+  frame.hasOwnColourTable = (flags & 0x80) != 0;
+  frame.dataOffset = record.descriptorOffset + descriptorSize;
+  if (frame.hasOwnColourTable) {
+    frame.colourTableOffset = frame.dataOffset;
+    frame.colourCount = static_cast<std::uint16_t>(2U << (flags & 7));
+    frame.dataOffset += 3 * std::size_t{frame.colourCount};
+  } else {
+    frame.colourTableOffset = globalColourTableOffset_;
+    frame.colourCount = globalColourCount_;
+  }
+  return frame;
+}
+
+GIFRect GIFStructure::visibleRect(std::size_t index) const {
+  const std::uint8_t* const descriptor = this->descriptor(index);
+  GIFRect rect{.left = std::min<std::size_t>(wordAt(descriptor), width_),
+               .top = std::min<std::size_t>(wordAt(descriptor + 2), height_),
+               .width = 0,
+               .height = 0};
+  rect.width = std::min<std::size_t>(wordAt(descriptor + 4), width_ - rect.left);
+  rect.height = std::min<std::size_t>(wordAt(descriptor + 6), height_ - rect.top);
+  return rect;
+}
+
+bool GIFStructure::coversCanvas(std::size_t index) const {
+  return visibleRect(index).area() == width_ * height_;
 }

@@ -48,7 +48,7 @@ class LatePixels : public PixelProvider {
  public:
   std::shared_ptr<const PixelBuffer> later;
 
-  std::shared_ptr<const PixelBuffer> makePixels() override { return later; }
+  std::shared_ptr<const PixelBuffer> makePixels(std::size_t /*picture*/) override { return later; }
 };
 
 TEST_F(FLAnimatedImageTest, NoDataIsNoImage) {

@@ -32,7 +32,7 @@ class NoMemory : public PixelProvider {
  public:
   int refusals = std::numeric_limits<int>::max();
 
-  std::shared_ptr<const PixelBuffer> makePixels() override {
+  std::shared_ptr<const PixelBuffer> makePixels(std::size_t /*picture*/) override {
     return --refusals >= 0 ? nullptr : image(1, {red})->pixels();
   }
 };
