@@ -85,7 +85,8 @@ WebEngineView {
         if (info.status === WebEngineView.LoadSucceededStatus && isGood) {
             loaded = true;
             tellHeight();
-        } else {
+        } else if (!loaded) {
+            // Later it is where the page wanted to go on by itself that fails.
             view.pageFailed();
         }
     }

@@ -116,11 +116,14 @@ class CatalogueJourney(unittest.TestCase):
             os.remove(os.path.join(self.root, program.SETTINGS_FILE))
 
     def test_from_the_badge_to_the_page_and_back(self):
-        server = self.serve("com.b", "com.a", arguments=["--page-fault", "late=1"])
+        let_go = os.path.join(self.root, "let-go")
+        server = self.serve("com.b", "com.a", arguments=["--page-fault", "held=" + let_go])
         application = self.start(server)
         self.press(application, "push button", "More Tweaks, 2")
         application.wait_for("animation", "Loading")
         self.assertNotIn("seen_tweaks", self.settings())
+        with open(let_go, "w", encoding="ascii"):
+            pass
         application.wait_for("document web", "Web page")
         self.assertIsNone(application.find("animation", "Loading"))
         desktop.wait_for(lambda: self.settings() == {"seen_tweaks": ["com.b", "com.a"]},

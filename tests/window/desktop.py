@@ -10,6 +10,7 @@ import tempfile
 import program
 
 sys.path.insert(0, os.path.join(os.path.dirname(__file__), "..", "support"))
+from rest import wait_for_rest  # noqa: E402
 from waiting import PATIENCE, wait_for  # noqa: E402
 from x_server import x_server  # noqa: E402
 
@@ -117,6 +118,22 @@ class Application:
                 return None
         action, index = wait_for(ready, f"{role} “{name}” to be ready")
         assert action.doAction(index), name
+
+    def wait_for_rest(self):
+        """Waits until what it was sent has been done, and nothing moves any more."""
+        wait_for_rest(self.process.pid)
+
+    def resting_place(self, role, name):
+        """Where the element stands once nothing moves."""
+        def ask():
+            self.wait_for_rest()
+            element = self.find(role, name)
+            return element and self.place(element)
+        return wait_for(ask, f"{role} “{name}” to rest")
+
+    def click(self, role, name):
+        x, y, width, height = self.resting_place(role, name)
+        xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
 
     def place(self, element):
         """x, y, width and height on the screen."""

@@ -32,33 +32,14 @@ class MouseJourney(unittest.TestCase):
     def wait_for_settings(self, expected):
         desktop.wait_for(lambda: self.settings() == expected, f"the file to hold {expected}")
 
-    def resting_place(self, role, name):
-        """Where the element stands once it has stopped moving."""
-        element, places = None, []
-
-        def rests():
-            nonlocal element
-            try:
-                element = element or self.application.find(role, name)
-                if not element:
-                    return None
-                places.append(self.application.place(element))
-            except Exception:  # it has gone meanwhile
-                element = None
-                return None
-            return len(places) > 4 and len(set(places[-5:])) == 1
-        desktop.wait_for(rests, f"{role} “{name}” to rest")
-        return places[-1]
-
     def click(self, role, name):
-        x, y, width, height = self.resting_place(role, name)
-        desktop.xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
+        self.application.click(role, name)
 
     def scroll_to(self, role, name):
         """Turns the wheel over the list until the element is in sight."""
         _, top, _, bottom = self.application.place(self.application.wait_for("panel", ""))
         def in_sight():
-            _, y, _, height = self.resting_place(role, name)
+            _, y, _, height = self.application.resting_place(role, name)
             if top + 60 <= y and y + height <= top + bottom:
                 return True
             notches = max(1, abs(y - top - 300) // WHEEL_NOTCH)
@@ -155,7 +136,7 @@ class MouseJourney(unittest.TestCase):
 
     def test_a_swipe_from_the_left_edge_goes_back(self):
         self.click("push button", "Hide Caller ID Prefix")
-        self.resting_place("radio button", "Algeria")
+        self.application.resting_place("radio button", "Algeria")
         left, top, width, _ = self.application.place(self.application.wait_for("panel", ""))
         desktop.xdotool("mousemove", left + 5, top + 300, "mousedown", 1)
         for x in range(10, width - 20, 25):

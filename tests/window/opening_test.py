@@ -55,10 +55,10 @@ class Opening(unittest.TestCase):
         # Held back as long as it was not opened.
         application.close()
         application = self.start(*self.arguments)
-        button = application.wait_for("push button", "Open Anyway")
+        application.wait_for("push button", "Open Anyway")
         with open(self.module + ".mended", "w", encoding="utf-8"):
             pass
-        button.queryAction().doAction(0)
+        application.press("push button", "Open Anyway")
         application.wait_for("heading", "Settings not available")
         application.close()
         # It came to its end this time, so the next start opens it by itself again.

@@ -5,10 +5,10 @@ import os
 import re
 import statistics
 import subprocess
-import time
 
 import desktop
 import program
+from rest import wait_for_rest
 
 # After this long without a refresh, in seconds, the count of refreshes starts anew.
 LONGEST_GAP = 1
@@ -123,12 +123,7 @@ class Player:
         test.assertLessEqual(abs(play.drift()), 1 / play.rate + 0.03 * length)
 
     def wait_for_rest(self):
-        """Waits until the window has been left as it is, and told of no refresh, for a while."""
-        def rests():
-            before = self.events()
-            time.sleep(0.5)
-            return self.events() == before
-        desktop.wait_for(rests, "the window to rest")
+        wait_for_rest(self.process.pid)
 
     def window(self):
         """Its window's number at the X server."""

@@ -44,6 +44,8 @@ class Taps:
         self.application = desktop.Application(folder.name, "--motion", "reduced", *arguments,
                                                **self.pointer.environment)
         self.addCleanup(self.application.close)
+        # A tap on a window that is not on the screen yet is lost.
+        self.application.wait_for_rest()
 
     def start_with_fields(self, height=950):
         # Usually high enough for the whole list and some room below it.
@@ -153,8 +155,8 @@ class Taps:
         before = self.place("text", CUSTOM)
         x, y = self.middle("heading", "Custom Text")
         self.pointer.drag((x, y), (x, y - 30), (x, y - 60), (x, y - 90))
-        desktop.wait_for(lambda: self.place("text", CUSTOM)[1] < before[1] - 20,
-                         "the list to be scrolled")
+        self.application.wait_for_rest()
+        self.assertLess(self.place("text", CUSTOM)[1], before[1] - 20)
         desktop.xdotool("type", "!")
         desktop.wait_for(lambda: self.application.wait_for("text", CUSTOM).queryText()
                          .getText(0, -1) == "Sure?!", "the field to take another letter")

@@ -61,19 +61,14 @@ class Tree(unittest.TestCase):
             for child in element:
                 walk(child, depth + 1)
 
-        self.application.wait_for("list", "Settings")
         for window in self.application.top():
             walk(window, 0)
         return lines
 
     def settled(self):
-        former = None
-        def same():
-            nonlocal former
-            former, now = self.told(), former
-            return former == now
-        desktop.wait_for(same, "the page to rest")
-        return former
+        self.application.wait_for("list", "Settings")
+        self.application.wait_for_rest()
+        return self.told()
 
     def test_each_page_tells_what_is_kept(self):
         for pane in PANES:
@@ -124,8 +119,7 @@ class Tree(unittest.TestCase):
         pyatspi.Registry.registerEventListener(listen, "object:state-changed:focused")
         self.addCleanup(pyatspi.Registry.deregisterEventListener, listen,
                         "object:state-changed:focused")
-        row = self.application.wait_for("radio button", "UK, one four one")
-        row.queryAction().doAction(0)
+        self.application.press("radio button", "UK, one four one")
         self.application.wait_for_state("radio button", "UK, one four one", "checked")
 
         def announced():

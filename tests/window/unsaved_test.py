@@ -54,6 +54,9 @@ class Unsaved(unittest.TestCase):
     def bar(self, error, *settings):
         return self.application.wait_for("notification", notice(error, *settings))
 
+    def bar_place(self, error, *settings):
+        return self.application.resting_place("notification", notice(error, *settings))
+
     def no_bar(self):
         desktop.wait_for(lambda: not self.application.find("notification", ""), "the bar to go")
 
@@ -64,8 +67,7 @@ class Unsaved(unittest.TestCase):
         desktop.xdotool("key", *keys)
 
     def click(self, role, name):
-        x, y, width, height = self.application.place(self.application.wait_for(role, name))
-        desktop.xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
+        self.application.click(role, name)
 
     def test_it_stays_until_each_of_the_settings_has_been_written(self):
         self.start(ROOT)
@@ -155,11 +157,11 @@ class Unsaved(unittest.TestCase):
 
     def test_it_covers_nothing_of_the_page(self):
         self.start(PREFIX)
-        whole = self.application.place(self.application.wait_for("list", "Settings"))
+        whole = self.application.resting_place("list", "Settings")
         with self.disk.failing(errno.ENOSPC):
             self.choose("UK")
-            _, top, _, height = self.application.place(self.bar(errno.ENOSPC, PREFIX_NAME))
-        page = self.application.place(self.application.wait_for("list", "Settings"))
+            _, top, _, height = self.bar_place(errno.ENOSPC, PREFIX_NAME)
+        page = self.application.resting_place("list", "Settings")
         self.assertEqual(page[1] + page[3], top)
         self.assertEqual(top + height, whole[1] + whole[3])
         self.application.press("push button", "Close")
@@ -171,7 +173,7 @@ class Unsaved(unittest.TestCase):
         self.start(PREFIX, "--size", "200x200", "--text-size", "xxxl")
         with self.disk.failing(errno.ENOSPC):
             self.choose("Algeria")
-            _, top, _, height = self.application.place(self.bar(errno.ENOSPC, PREFIX_NAME))
+            _, top, _, height = self.bar_place(errno.ENOSPC, PREFIX_NAME)
         self.assertEqual(height, 100)
         self.assertEqual(self.application.place(self.application.top()[0])[1], top - 100)
 
