@@ -17,7 +17,7 @@ class CallModem(unittest.TestCase):
         self.phone = self.enterContext(Telephony())
         self.modem = ScriptedModem()
         self.addCleanup(self.modem.close)
-        self.manager = self.phone.start_modem_manager(self.modem)
+        self.phone.start_modem_manager(self.modem)
 
     def test_the_prefix_goes_out_with_the_number_and_nothing_else(self):
         result = self.phone.call("012 34-56")
@@ -76,26 +76,10 @@ class CallModem(unittest.TestCase):
         self.assertEqual((result.returncode, result.stderr), (5, "quietdial call: The modem is off.\n"))
         self.assertEqual(self.modem.dialled(), [])
 
-    def test_what_goes_before_the_answer_is_told(self):
-        for service in (self.manager, self.phone.bus_daemon):
-            terminal, other = pty.openpty()
-            call = subprocess.Popen([os.environ["QUIETDIAL"], "call", "0123456"], env=self.phone.environment,
-                                    stdin=other, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
-            os.close(other)
-            told = b""
-            while b"Call? [y/N]" not in told:
-                told += os.read(call.stdout.fileno(), 1000)
-            self.phone.stop(service)
-            os.write(terminal, b"y\n")
-            _, err = call.communicate(timeout=60)
-            os.close(terminal)
-            self.assertEqual((call.returncode, err), (5, b"quietdial call: The modem has gone.\n"))
-            self.assertEqual(self.modem.dialled(), [])
-            if service is self.manager:
-                self.modem.close()
-                self.modem = ScriptedModem()
-                self.addCleanup(self.modem.close)
-                self.phone.start_modem_manager(self.modem)
+    def test_the_bus_ends_before_the_answer(self):
+        result = self.phone.asked("0123456", lambda: self.phone.kill(self.phone.bus_daemon))
+        self.assertEqual((result.returncode, result.stderr), (5, "quietdial call: The modem has gone.\n"))
+        self.assertEqual(self.modem.dialled(), [])
 
     def test_who_does_not_say_yes_does_not_call(self):
         terminal, other = pty.openpty()

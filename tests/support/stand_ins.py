@@ -1,15 +1,24 @@
 """Services that answer as the real ones do where those cannot be brought to: errors, silence, calls that never come."""
 
+import contextlib
 import threading
 
-from telephony import CALLS, MODEM_MANAGER, Gio, GLib
+from telephony import CALLS, MODEM_MANAGER, OFONO, Gio, GLib
+
+
+def no_answer(_invocation):
+    """For a method that is never answered by a service that stays."""
 
 
 class StandIn:
     """A service on the bus of a test, in a thread of its own. `objects` are the paths and what is at each, as
-    introspection data; methods go to `answer`."""
+    introspection data; methods go to `answer`. What is asked of it is `called`; it answers with what `answers` has for
+    the method: a path, an error's name, None for a service that goes away without an answer, or a function that takes
+    the answering over."""
 
-    def __init__(self, phone, name, objects):
+    def __init__(self, phone, name, objects, answers):
+        self.answers = answers
+        self.called = []
         self._context = GLib.MainContext()
         self._loop = GLib.MainLoop.new(self._context, False)
         ready = threading.Event()
@@ -35,11 +44,23 @@ class StandIn:
                              GLib.Variant("(su)", [name, 0]), None, Gio.DBusCallFlags.NONE, -1, None)
         ready.set()
         self._loop.run()
-        connection.close_sync(None)
+        with contextlib.suppress(GLib.Error):  # the bus may have ended
+            connection.close_sync(None)
         self._context.pop_thread_default()
 
-    def _called(self, _connection, _sender, _path, _interface, method, arguments, invocation):
-        self.answer(method, arguments.unpack(), invocation)
+    def _called(self, _connection, _sender, path, _interface, method, arguments, invocation):
+        self.answer(path, method, arguments.unpack(), invocation)
+
+    def reply(self, method, invocation, good=None):
+        answer = self.answers.get(method, good)
+        if method in self.answers and answer is None:
+            self._loop.quit()
+        elif callable(answer):
+            answer(invocation)
+        elif answer and not answer.startswith("/"):
+            invocation.return_dbus_error(answer, "The number 0123456 is on record.")
+        else:
+            invocation.return_value(GLib.Variant("(o)", [answer]) if answer else None)
 
 
 MANAGER = """<interface name="org.freedesktop.DBus.ObjectManager"><method name="GetManagedObjects">
@@ -52,36 +73,28 @@ CALL = f"""<interface name="{MODEM_MANAGER}.Call"><method name="Start"/></interf
 
 
 class StandInModems(StandIn):
-    """ModemManager with one modem. Each method's answer is a path, an error's name, or None for a service that goes away
-    without one; `state` is that of the call."""
+    """ModemManager with one modem in the state `modem`, None for no modem, with calls of these paths; `state` is that of
+    each."""
 
     ROOT = "/org/freedesktop/ModemManager1"
 
-    def __init__(self, phone, **answers):
-        self.answers = {"CreateCall": self.ROOT + "/Call/7", "state": 0, **answers}
-        self.called = []
+    def __init__(self, phone, modem=8, calls=(), state=0, **answers):
+        self.modem, self.calls, self.state = modem, list(calls), state
         super().__init__(phone, MODEM_MANAGER, {self.ROOT: MANAGER, self.ROOT + "/Modem/0": VOICE,
-                                                self.ROOT + "/Call/7": CALL + PROPERTIES})
+                                                self.ROOT + "/Call/7": CALL + PROPERTIES}, answers)
 
-    def answer(self, method, arguments, invocation):
+    def answer(self, _path, method, arguments, invocation):
         if method == "GetManagedObjects":
-            modem = {MODEM_MANAGER + ".Modem": {"State": GLib.Variant("i", 8), "Sim": GLib.Variant("o", "/")},
-                     MODEM_MANAGER + ".Modem.Voice": {"Calls": GLib.Variant("ao", [])}}
-            invocation.return_value(GLib.Variant("(a{oa{sa{sv}}})", [{self.ROOT + "/Modem/0": modem}]))
-            return
-        if method == "GetAll":
-            invocation.return_value(GLib.Variant("(a{sv})", [{"State": GLib.Variant("i", self.answers["state"])}]))
-            return
-        self.called.append((method, *arguments))
-        answer = self.answers.get(method, "")
-        if answer is None:
-            self._loop.quit()
-        elif answer.startswith("/"):
-            invocation.return_value(GLib.Variant("(o)", [answer]))
-        elif answer:
-            invocation.return_dbus_error(answer, "The number 0123456 is on record.")
+            modems = {} if self.modem is None else {self.ROOT + "/Modem/0": {
+                MODEM_MANAGER + ".Modem": {"State": GLib.Variant("i", self.modem), "Sim": GLib.Variant("o", "/")},
+                MODEM_MANAGER + ".Modem.Voice": {"Calls": GLib.Variant("ao", self.calls)}}}
+            invocation.return_value(GLib.Variant("(a{oa{sa{sv}}})", [modems]))
+        elif method == "GetAll" and method not in self.answers:
+            invocation.return_value(GLib.Variant("(a{sv})", [{"State": GLib.Variant("i", self.state)}]))
         else:
-            invocation.return_value(None)
+            if method != "GetAll":
+                self.called.append((method, *arguments))
+            self.reply(method, invocation, self.ROOT + "/Call/7" if method == "CreateCall" else None)
 
 
 ACTIONS = """<interface name="org.gtk.Actions"><method name="Describe"><arg direction="in" type="s"/>
@@ -93,16 +106,19 @@ APPLICATION = """<interface name="org.freedesktop.Application"><method name="Ope
 class StandInCalls(StandIn):
     """GNOME Calls with calls of these numbers; it takes others, and calls them where it `dials`."""
 
-    def __init__(self, phone, numbers=(), dials=False):
+    def __init__(self, phone, numbers=(), dials=False, **answers):
         self.numbers = list(numbers)
         self.dials = dials
-        self.opened = []
-        super().__init__(phone, CALLS, {"/org/gnome/Calls": MANAGER + ACTIONS + APPLICATION})
+        super().__init__(phone, CALLS, {"/org/gnome/Calls": MANAGER + ACTIONS + APPLICATION}, answers)
+
+    @property
+    def opened(self):
+        return [address for _, addresses, _ in self.called for address in addresses]
 
     def hang_up(self):
         self.numbers = []
 
-    def answer(self, method, arguments, invocation):
+    def answer(self, _path, method, arguments, invocation):
         if method == "GetManagedObjects":
             calls = {f"/org/gnome/Calls/Call/{index}": {CALLS + ".Call": {"Id": GLib.Variant("s", number)}}
                      for index, number in enumerate(self.numbers)}
@@ -110,7 +126,41 @@ class StandInCalls(StandIn):
         elif method == "Describe":
             invocation.return_value(GLib.Variant("((bgav))", [(True, "s", [])]))
         else:
-            self.opened += arguments[0]
+            self.called.append((method, *arguments))
             if self.dials:
                 self.numbers += [address.removeprefix("tel:").replace("%23", "#") for address in arguments[0]]
-            invocation.return_value(None)
+            self.reply(method, invocation)
+
+
+OFONO_MANAGER = f"""<interface name="{OFONO}.Manager"><method name="GetModems">
+  <arg direction="out" type="a(oa{{sv}})"/></method></interface>"""
+OFONO_VOICE = f"""<interface name="{OFONO}.VoiceCallManager"><method name="GetProperties">
+  <arg direction="out" type="a{{sv}}"/></method><method name="GetCalls"><arg direction="out" type="a(oa{{sv}})"/></method>
+  <method name="Dial"><arg direction="in" type="s"/><arg direction="in" type="s"/>
+  <arg direction="out" type="o"/></method></interface>"""
+
+
+class StandInOfono(StandIn):
+    """ofonod with modems of these types, /modem0 and so on, and calls of these paths on each; `called` has the modem of
+    each call, its number and whether it hides."""
+
+    MOST = 2
+
+    def __init__(self, phone, types, calls=(), **answers):
+        self.types, self.calls = types, list(calls)
+        modems = {f"/modem{index}": OFONO_VOICE for index in range(self.MOST)}
+        super().__init__(phone, OFONO, {"/": OFONO_MANAGER, **modems}, answers)
+
+    def answer(self, path, method, arguments, invocation):
+        if method == "GetModems":
+            modems = [(f"/modem{index}", {"Type": GLib.Variant("s", kind), "Online": GLib.Variant("b", True),
+                                          "Interfaces": GLib.Variant("as", [OFONO + ".VoiceCallManager"])})
+                      for index, kind in enumerate(self.types)]
+            invocation.return_value(GLib.Variant("(a(oa{sv}))", [modems]))
+        elif method == "GetProperties":
+            invocation.return_value(GLib.Variant("(a{sv})", [{}]))
+        elif method == "GetCalls":
+            invocation.return_value(GLib.Variant("(a(oa{sv}))", [[(call, {}) for call in self.calls]]))
+        else:
+            self.called.append((path, *arguments))
+            self.reply(method, invocation, path + "/voicecall01")

@@ -5,6 +5,7 @@ import contextlib
 import json
 import os
 import plistlib
+import pty
 import subprocess
 import tempfile
 
@@ -107,6 +108,11 @@ class Telephony:
                 process.kill()
                 process.wait()
 
+    @staticmethod
+    def kill(process):
+        process.kill()
+        process.wait()
+
     def ask(self, service, path, method, arguments=None):
         """Calls a method; its answer as plain values."""
         interface, name = method.rsplit(".", 1)
@@ -183,8 +189,12 @@ class Telephony:
         self.write("services/org.gnome.Calls.service",
                    f"[D-BUS Service]\nName={CALLS}\nExec=/usr/bin/env {words} "
                    + " ".join(self.calls_command) + "\n")
-        self.ask("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.ReloadConfig")
+        self.reload_services()
         self.handle_links_with("org.gnome.Calls.desktop")
+
+    def reload_services(self):
+        """Has the bus look again what it can start."""
+        self.ask("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus.ReloadConfig")
 
     def handle_links_with(self, entry):
         self.write("bin/xdg-mime", f'#!/bin/sh\n[ "$*" = "query default x-scheme-handler/tel" ] && echo {entry}\n', 0o755)
@@ -240,6 +250,28 @@ class Telephony:
 
     def call(self, *arguments, **options):
         return self.quietdial("call", "--root", self.path("root"), "--yes", *arguments, **options)
+
+    def asked(self, number, meanwhile):
+        """What comes of a call on a terminal where something happens between the question and the yes."""
+        terminal, other = pty.openpty()
+        command = [os.environ["QUIETDIAL"], "call", "--root", self.path("root"), number]
+        call = subprocess.Popen(command, env=self.environment, stdin=other, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE)
+        os.close(other)
+        try:
+            told = b""
+            while b"Call? [y/N]" not in told:
+                more = os.read(call.stdout.fileno(), 1000)
+                assert more, call.stderr.read()
+                told += more
+            meanwhile()
+            os.write(terminal, b"y\n")
+            out, err = call.communicate(timeout=2 * PATIENCE)
+        finally:
+            call.kill()
+            call.communicate()
+            os.close(terminal)
+        return subprocess.CompletedProcess(command, call.returncode, (told + out).decode(), err.decode())
 
     def plan(self, *arguments, **options):
         """The plan of a call, as `--json` prints it, and the exit status."""
