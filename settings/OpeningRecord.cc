@@ -7,9 +7,12 @@
 
 #include "linux/privateFolder.h"
 
-OpeningRecord::OpeningRecord(QString folder) : folder_(std::move(folder)) {}
+OpeningRecord::OpeningRecord(QString folder) : folder_(std::move(folder)) {
+  setPaneObserver(this);
+}
 
 OpeningRecord::~OpeningRecord() {
+  setPaneObserver(nullptr);
   succeed();
 }
 

@@ -109,7 +109,6 @@ void SettingsListController::openFromTopPage(const std::string& className) {
   const auto found = std::ranges::find(rows, className, &PSSpecifier::detail);
   const auto row = found == rows.end() ? nullptr : *found;
   const auto open = [this, className, row] {
-    record_->begin(className);
     navigationController()->pushViewControllerAnimated(makePane(className, row), false);
   };
   if (!holdBack(className, row, open)) {

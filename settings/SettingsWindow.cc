@@ -76,8 +76,6 @@ SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, UnsavedNotice& u
   connect(&taps_, &TapListener::tapped, &mirror_, &ViewMirror::recognizeTap);
   connect(&queue_, &MainQueueHost::turned, &mirror_, &ViewMirror::scheduleCommit);
   connect(&mirror_, &ViewMirror::committed, &navigation_, &Navigation::refresh);
-  connect(&mirror_, &ViewMirror::paneRequested, this,
-          [this](const std::string& className) { record_.begin(className); });
   connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::pagesAreShown);
   connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::frameShown);
   connect(&Appearance::shared(), &Appearance::changed, &mirror_, &ViewMirror::bringOverAll);

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "platform/foundation/NSRunLoop.h"
-#include "platform/preferences/PSTableCell.h"
 #include "platform/uikit/UITableView.h"
 #include "settings/TableCellItem.h"
 #include "settings/ViewMirror.h"
@@ -39,10 +38,6 @@ void TableItem::setScrolling(bool scrolling) {
 
 void TableItem::tapRow(const UITableViewCell& cell) {
   auto* table = viewAs<UITableView>();
-  const auto* row = dynamic_cast<const PSTableCell*>(&cell);
-  if (row && row->specifier() && !row->specifier()->detail().empty()) {
-    emit mirror()->paneRequested(row->specifier()->detail());
-  }
   if (const auto path = table ? table->indexPathForCell(cell) : std::nullopt) {
     table->tapRow(*path);
   }

@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <QQmlComponent>
 #include <memory>
-#include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -54,8 +53,6 @@ class ViewMirror : public QObject, public UIViewObserver {
 
  signals:
   void committed();
-  /// The user has asked for that pane; its code has not run yet.
-  void paneRequested(const std::string& className);
 
  protected:
   bool event(QEvent* event) override;

@@ -45,6 +45,11 @@ NSTextAlignment alignmentOf(const PSSpecifier& group) {
                                                               : NSTextAlignment::kNatural;
 }
 
+PaneObserver*& currentPaneObserver() {
+  static PaneObserver* observer = nullptr;
+  return observer;
+}
+
 }  // namespace
 
 PSListController::~PSListController() {
@@ -359,6 +364,10 @@ void PSListController::tableViewDidSelectRowAtIndexPath(UITableView& /*table*/,
   }
 }
 
+void setPaneObserver(PaneObserver* observer) {
+  currentPaneObserver() = observer;
+}
+
 std::shared_ptr<UIViewController> makePane(const std::string& className,
                                            const std::shared_ptr<PSSpecifier>& specifier) {
   const auto* description = NSClassFromString(className);
@@ -367,6 +376,9 @@ std::shared_ptr<UIViewController> makePane(const std::string& className,
   }
   if (!description->isSubclassOf(UIViewController::classObject)) {
     return MissingPaneController::forClass(className, MissingPaneReason::kNoPane, specifier);
+  }
+  if (auto* observer = currentPaneObserver()) {
+    observer->paneWillBeMade(className);
   }
   auto pane = cast<UIViewController>(description->alloc());
   if (!pane->init()) {

@@ -119,6 +119,17 @@ class PLATFORM_API PSListController : public Subclass<PSListController, UIViewCo
   std::shared_ptr<UITableView> table_;
 };
 
+/// Hears of each pane before anything of it runs, for a host that has to know which one took the
+/// program down. Main thread.
+class PaneObserver {
+ public:
+  virtual ~PaneObserver() = default;
+  virtual void paneWillBeMade(const std::string& className) = 0;
+};
+
+/// The one observer of all panes; null for none. It stays until another takes its place.
+PLATFORM_API void setPaneObserver(PaneObserver* observer);
+
 /// Makes a pane by the name of its class: alloc, init, then the row that opened it. A name that no
 /// class answers to, or a class that is no pane or cannot be made, gives a pane that says so; it is
 /// never null.

@@ -16,6 +16,7 @@
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 std::shared_ptr<PSSpecifier> row(const char* name) {
   return bareRow(name, PSCellType::kLink);
@@ -51,7 +52,10 @@ constexpr ClassOf<Pane> Pane::classObject{"Pane"};
 class UnmakeablePane : public Subclass<UnmakeablePane, PSListController> {
  public:
   static const ClassOf<UnmakeablePane> classObject;
+  UnmakeablePane() { ++objects; }
   bool init() override { return false; }
+
+  inline static int objects = 0;
 };
 
 constexpr ClassOf<UnmakeablePane> UnmakeablePane::classObject{"UnmakeablePane"};
@@ -415,6 +419,47 @@ TEST_F(ListControllerTest, APaneKnowsBothNavigationControllersAroundIt) {
   EXPECT_EQ(pane->navigationController(), inner);
   EXPECT_EQ(pane->navigationController()->navigationController(), outer);
   EXPECT_EQ(outer->navigationController(), nullptr);
+}
+
+// Notes which panes are about to be made, and whether their code has run by then.
+class Watcher : public PaneObserver {
+ public:
+  Watcher() { setPaneObserver(this); }
+  ~Watcher() override { setPaneObserver(nullptr); }
+  Watcher(const Watcher&) = delete;
+  Watcher& operator=(const Watcher&) = delete;
+  Watcher(Watcher&&) = delete;
+  Watcher& operator=(Watcher&&) = delete;
+
+  void paneWillBeMade(const std::string& className) override {
+    panes.push_back(className + (UnmakeablePane::objects == 0 ? "" : ", which has begun"));
+  }
+
+  std::vector<std::string> panes;
+};
+
+TEST_F(ListControllerTest, TheHostHearsOfAPaneBeforeAnythingOfItRuns) {
+  registerClasses({kUnmakeable});
+  Watcher watcher;
+  makePane("UnmakeablePane", nullptr);
+  EXPECT_EQ(UnmakeablePane::objects, 1);
+  EXPECT_THAT(watcher.panes, ElementsAre("UnmakeablePane"));
+}
+
+TEST_F(ListControllerTest, TheHostHearsOfThePaneThatARowOpens) {
+  const auto pane = open<Pane>();
+  Watcher watcher;
+  const auto link = PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+      "Link", pane, "", "", "PSListController", PSCellType::kLink, "");
+  pane->selectSpecifier(link);
+  EXPECT_THAT(watcher.panes, ElementsAre("PSListController"));
+}
+
+TEST_F(ListControllerTest, TheHostHearsNothingWhereNoPaneIsMade) {
+  Watcher watcher;
+  makePane("QDNothing", nullptr);
+  makePane("PSTableCell", nullptr);
+  EXPECT_THAT(watcher.panes, IsEmpty());
 }
 
 TEST_F(ListControllerTest, APaneThatCannotBeOpenedIsAPageThatSaysWhy) {

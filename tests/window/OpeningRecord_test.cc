@@ -1,0 +1,49 @@
+#include "settings/OpeningRecord.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/classes.h"
+#include "platform/preferences/PSListController.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+class OpeningRecordTest : public testing::Test {
+ protected:
+  OpeningRecordTest() { registerClasses(platformClasses()); }
+
+  // What a start after a crash at this moment would find.
+  bool wouldBeHeldBack(const char* className) const {
+    return OpeningRecord(folder_).tookProgramDown(className);
+  }
+
+  TemporaryFolder place_;
+  QString folder_ = QString::fromStdString(place_ / "Opening");
+};
+
+TEST_F(OpeningRecordTest, APaneIsBeingOpenedFromWhenItIsMadeUntilItIsShown) {
+  OpeningRecord record(folder_);
+  EXPECT_FALSE(record.isOpening());
+  const auto pane = makePane("PSListController", nullptr);
+  EXPECT_TRUE(record.isOpening());
+  EXPECT_FALSE(record.tookProgramDown("PSListController"));
+  EXPECT_TRUE(wouldBeHeldBack("PSListController"));
+  record.succeed();
+  EXPECT_FALSE(record.isOpening());
+  EXPECT_FALSE(wouldBeHeldBack("PSListController"));
+}
+
+TEST_F(OpeningRecordTest, WhatIsLeftUnshownAtTheEndTookNothingDown) {
+  {
+    const OpeningRecord record(folder_);
+    makePane("PSListController", nullptr);
+  }
+  EXPECT_FALSE(wouldBeHeldBack("PSListController"));
+}
+
+TEST_F(OpeningRecordTest, APaneThatIsMadeAfterwardsIsNobodysConcern) {
+  { const OpeningRecord record(folder_); }
+  EXPECT_TRUE(makePane("PSListController", nullptr));
+}
+
+}  // namespace
