@@ -1,5 +1,5 @@
 """A modem that talks AT commands (3GPP TS 27.007) on a socket and keeps what it was told, for the
-services that look after modems."""
+services that look after modems. A number that it dials rings for ever."""
 
 import socket
 import threading
@@ -25,6 +25,7 @@ class ScriptedModem:
     def __init__(self, tcp=False, answers=None):
         self.answers = {**ANSWERS, **(answers or {})}
         self.told = []
+        self._called = None
         self._connections = []
         self._change = threading.Condition()
         self.name = "abstract:quietdial-test-" + uuid.uuid4().hex
@@ -60,6 +61,13 @@ class ScriptedModem:
         with self._change:
             self.told.append(command)
             self._change.notify_all()
+        if command.startswith("ATD"):
+            self._called = command.removeprefix("ATD").rstrip("Ii;")
+        elif command in ("ATH", "AT+CHUP"):
+            self._called = None
+        if command == "AT+CLCC" and self._called:
+            outgoing_and_dialling = "0,2,0,0"
+            return f'\r\n+CLCC: 1,{outgoing_and_dialling},"{self._called}",129\r\n\r\nOK\r\n'.encode()
         answer = self.answers.get(command, "")
         if answer is None:
             return b"\r\nERROR\r\n"
