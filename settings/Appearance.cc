@@ -17,7 +17,6 @@ QColor inTheDark(const UIColor& color) {
     case UISystemColor::kLabel:
       return {255, 255, 255};
     case UISystemColor::kSecondaryLabel:
-      return {152, 152, 159};
     case UISystemColor::kHeaderLabel:
       return {152, 152, 159};
     case UISystemColor::kRowBackground:
