@@ -277,7 +277,7 @@ Json DriveSession::sheet(const Json& request) {
   }
   if (const auto* compose = std::get_if<std::shared_ptr<SLComposeViewController>>(top)) {
     if (result != "posted" && result != "cancelled") {
-      throw Refusal("The sheet on top ends with \"posted\" or \"cancelled\".");
+      throw Refusal(R"(The sheet on top ends with "posted" or "cancelled".)");
     }
     const auto sheet = *compose;
     sheet->finish(result == "posted" ? SLComposeViewControllerResult::kDone
