@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 #include <optional>
 #include <string_view>
@@ -157,13 +156,20 @@ Bus::Bus(Kind kind) {
   }
 }
 
+bool Bus::isOpen() {
+  // The end of a bus is seen only when it is read from.
+  while (bus_ && sd_bus_process(bus_.get(), nullptr) > 0) {
+  }
+  return bus_ && sd_bus_is_open(bus_.get()) > 0;
+}
+
 BusAnswer Bus::call(const BusMethod& method, const Arguments& arguments,
                     std::chrono::milliseconds patience) {
   BusAnswer answer;
   sd_bus_message* message = nullptr;
-  if (!bus_ || sd_bus_message_new_method_call(bus_.get(), &message, method.service.c_str(),
-                                              method.path.c_str(), method.interface.c_str(),
-                                              method.name.c_str()) < 0) {
+  if (!isOpen() || sd_bus_message_new_method_call(bus_.get(), &message, method.service.c_str(),
+                                                  method.path.c_str(), method.interface.c_str(),
+                                                  method.name.c_str()) < 0) {
     return answer;
   }
   const std::unique_ptr<sd_bus_message, decltype(&sd_bus_message_unref)> question(
@@ -183,9 +189,8 @@ BusAnswer Bus::call(const BusMethod& method, const Arguments& arguments,
     answer.outcome = BusAnswer::Outcome::kAnswered;
   } else {
     answer.error = error.name ? error.name : "";
-    // A connection that had gone before has not sent anything.
-    const bool hasLeft = result != -ENOTCONN && isSilence(answer.error);
-    answer.outcome = hasLeft ? BusAnswer::Outcome::kSilent : BusAnswer::Outcome::kRefused;
+    answer.outcome =
+        isSilence(answer.error) ? BusAnswer::Outcome::kSilent : BusAnswer::Outcome::kRefused;
   }
   sd_bus_error_free(&error);
   sd_bus_message_unref(reply);

@@ -67,6 +67,8 @@ class Bus {
     void operator()(sd_bus* bus) const;
   };
 
+  bool isOpen();
+
   std::unique_ptr<sd_bus, CloseBus> bus_;
 };
 

@@ -100,6 +100,13 @@ mv {self.phone.path("given.part")} {self.phone.path("given")}
         self.assertEqual(opened, [(["tel:%2331%230123456"], {})])
         self.assertFalse(self.is_started())
 
+    def test_where_the_bus_has_ended_before_the_answer_nothing_is_handed_over(self):
+        self.install("org.example.the-dialler.desktop", DBusActivatable="true")
+        result = self.phone.asked("0123456", lambda: self.phone.kill(self.phone.bus_daemon),
+                                  "--via", "desktop:org.example.the-dialler.desktop")
+        self.assertEqual((result.returncode, result.stderr), (5, "quietdial call: A Dialler does not start.\n"))
+        self.assertFalse(self.is_started())
+
     def test_an_emergency_number_is_handed_over_bare(self):
         self.install(PLASMA)
         plan, code = self.phone.plan("#31#112")

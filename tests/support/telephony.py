@@ -251,10 +251,10 @@ class Telephony:
     def call(self, *arguments, **options):
         return self.quietdial("call", "--root", self.path("root"), "--yes", *arguments, **options)
 
-    def asked(self, number, meanwhile):
+    def asked(self, number, meanwhile, *arguments):
         """What comes of a call on a terminal where something happens between the question and the yes."""
         terminal, other = pty.openpty()
-        command = [os.environ["QUIETDIAL"], "call", "--root", self.path("root"), number]
+        command = [os.environ["QUIETDIAL"], "call", "--root", self.path("root"), *arguments, number]
         call = subprocess.Popen(command, env=self.environment, stdin=other, stdout=subprocess.PIPE,
                                 stderr=subprocess.PIPE)
         os.close(other)
