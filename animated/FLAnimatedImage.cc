@@ -81,9 +81,7 @@ bool FLAnimatedImage::initWithAnimatedGIFData(const std::shared_ptr<NSData>& dat
   if (!data || data->length() == 0) {
     return false;
   }
-  if (!NSObject::init()) {
-    return false;
-  }
+  NSObject::init();
   _data = data;
   _imageSource =
       CGImageSource::createWithData(CGImageSource::Data(data, std::addressof(data->bytes())));

@@ -15,7 +15,6 @@ ViewHandle Page::view() const {
 
 void Page::refresh() {
   const auto& item = controller_->navigationItem();
-  leftButton_.show(item->leftBarButtonItem());
   rightButton_.show(item->rightBarButtonItem());
   const QString title = QString::fromStdString(item->title());
   if (title != title_ || item->titleView() != titleView_) {

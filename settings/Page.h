@@ -21,7 +21,6 @@ class Page : public QObject {
   Q_PROPERTY(QString title READ title NOTIFY changed)
   /// Title of the page under it; empty for the first page.
   Q_PROPERTY(QString backTitle MEMBER backTitle_ CONSTANT)
-  Q_PROPERTY(BarButton* leftButton READ leftButton CONSTANT)
   Q_PROPERTY(BarButton* rightButton READ rightButton CONSTANT)
 
  public:
@@ -32,7 +31,6 @@ class Page : public QObject {
   ViewHandle titleView() const { return titleView_; }
   bool hasTitleView() const { return titleView_ != nullptr; }
   QString title() const { return title_; }
-  BarButton* leftButton() { return &leftButton_; }
   BarButton* rightButton() { return &rightButton_; }
 
   /// Reads what the bar shows again; the frameworks do not tell when it changes.
@@ -46,6 +44,5 @@ class Page : public QObject {
   QString backTitle_;
   QString title_;
   ViewHandle titleView_;
-  BarButton leftButton_;
   BarButton rightButton_;
 };

@@ -59,7 +59,7 @@ qreal letterSpacing(double pointSize) {
 QFont system_font::font(const UIFont& font) {
   QFont result(family());
   result.setPixelSize(qMax(1, qRound(font.pointSize)));
-  result.setWeight(font.weight == UIFontWeight::kSemibold ? QFont::DemiBold : QFont::Normal);
+  result.setWeight(QFont::Normal);
   result.setLetterSpacing(QFont::AbsoluteSpacing, letterSpacing(font.pointSize));
   result.setCapitalization(font.capitals ? QFont::AllUppercase : QFont::MixedCase);
   result.setHintingPreference(QFont::PreferNoHinting);

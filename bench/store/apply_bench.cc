@@ -13,7 +13,6 @@
 
 #include "linux/DBusNotifications.h"
 #include "linux/DeviceFileService.h"
-#include "linux/PollHost.h"
 #include "linux/PosixProcessService.h"
 #include "linux/SystemClock.h"
 #include "platform/foundation/CFNotificationCenter.h"
@@ -22,6 +21,7 @@
 #include "prefix/QDCountryPrefixController.h"
 #include "root/QDPreferencesListController.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/PollHost.h"
 #include "tests/support/PrivateBus.h"
 #include "tests/support/isolation.h"
 

@@ -32,7 +32,6 @@ class PLATFORM_API SLComposeViewController
   /// Also for the host, as the user types.
   void setInitialText(std::string text) { text_ = std::move(text); }
   const std::vector<std::shared_ptr<UIImage>>& images() const { return images_; }
-  void addImage(const std::shared_ptr<UIImage>& image) { images_.push_back(image); }
   void removeAllImages() { images_.clear(); }
 
   /// Told once how the sheet ended. Empty for nobody.

@@ -18,14 +18,11 @@ class PLATFORM_API UINavigationItem : public Subclass<UINavigationItem, NSObject
   /// Stands in the title's place; null for the title itself.
   const std::shared_ptr<UIView>& titleView() const { return titleView_; }
   void setTitleView(const std::shared_ptr<UIView>& view) { titleView_ = view; }
-  const std::shared_ptr<UIBarButtonItem>& leftBarButtonItem() const { return left_; }
-  void setLeftBarButtonItem(const std::shared_ptr<UIBarButtonItem>& item) { left_ = item; }
   const std::shared_ptr<UIBarButtonItem>& rightBarButtonItem() const { return right_; }
   void setRightBarButtonItem(const std::shared_ptr<UIBarButtonItem>& item) { right_ = item; }
 
  private:
   std::string title_;
   std::shared_ptr<UIView> titleView_;
-  std::shared_ptr<UIBarButtonItem> left_;
   std::shared_ptr<UIBarButtonItem> right_;
 };

@@ -18,7 +18,6 @@ class PLATFORM_API UIViewController : public Subclass<UIViewController, NSObject
 
   /// The page's view; the first call loads it (loadView, then viewDidLoad).
   const std::shared_ptr<UIView>& view();
-  bool isViewLoaded() const { return view_ != nullptr; }
 
   /// The text shown as the page's title; kept in the navigation item.
   const std::string& title() { return navigationItem()->title(); }
@@ -28,7 +27,6 @@ class PLATFORM_API UIViewController : public Subclass<UIViewController, NSObject
   /// The nearest navigation controller around this page, or null. Asked of a navigation controller,
   /// it is the one around that one.
   std::shared_ptr<UINavigationController> navigationController() const;
-  std::shared_ptr<UIViewController> parentViewController() const { return parent_.lock(); }
 
   /// Called each time before the page comes into sight and before it leaves it. Overrides call the
   /// superclass's first.

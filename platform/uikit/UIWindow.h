@@ -15,7 +15,6 @@ class PLATFORM_API UIWindow : public Subclass<UIWindow, UIView> {
   std::shared_ptr<UIWindow> window() const override;
 
   /// The page whose view fills the window. The window owns it; null for none.
-  const std::shared_ptr<UIViewController>& rootViewController() const { return root_; }
   void setRootViewController(const std::shared_ptr<UIViewController>& controller);
 
  private:

@@ -14,8 +14,7 @@ Item {
     readonly property real offset: index - depth
     readonly property real shift: offset * width / 2
     readonly property real titleWidth: page.hasTitleView ? titleSurface.width : titleMetrics.width
-    readonly property real leftEdge: (back.visible ? back.width
-                                      : page.leftButton.present ? left.width : 0) + Theme.barMargin
+    readonly property real leftEdge: (back.visible ? back.width : 0) + Theme.barMargin
     readonly property real rightEdge: (page.rightButton.present ? right.width : 0) + Theme.barMargin
 
     visible: Math.abs(offset) < 1
@@ -25,7 +24,7 @@ Item {
     BackButton {
         id: back
         anchors.left: parent.left
-        visible: items.index > 0 && !items.page.leftButton.present
+        visible: items.index > 0
         height: parent.height
         shift: items.shift
         title: items.page.backTitle
@@ -36,12 +35,6 @@ Item {
         id: titleMetrics
         font: Theme.titleFont
         text: items.page.title
-    }
-    BarButtonView {
-        id: left
-        anchors.left: parent.left
-        button: items.page.leftButton
-        navigation: items.navigation
     }
     BarButtonView {
         id: right

@@ -254,15 +254,12 @@ Json DriveSession::type(const Json& request) {
 
 Json DriveSession::bar(const Json& request) {
   auto& pane = requireTopPane();
-  const auto side = textMember(request, "side");
-  if (side != "left" && side != "right") {
-    throw Refusal("\"side\" has to be \"left\" or \"right\".");
+  if (textMember(request, "side") != "right") {
+    throw Refusal("\"side\" has to be \"right\".");
   }
-  const auto& navigationItem = pane.navigationItem();
-  const auto item =
-      side == "left" ? navigationItem->leftBarButtonItem() : navigationItem->rightBarButtonItem();
+  const auto item = pane.navigationItem()->rightBarButtonItem();
   if (!item) {
-    throw Refusal("The pane has no " + side + " bar button.");
+    throw Refusal("The pane has no right bar button.");
   }
   item->press();
   layOut();

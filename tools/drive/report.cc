@@ -138,9 +138,6 @@ Json reportPane(PSListController& pane) {
     report["titleView"] = titleView->image() ? Json(titleView->image()->name()) : Json(nullptr);
   }
   Json bars = Json::object();
-  if (const auto& left = pane.navigationItem()->leftBarButtonItem()) {
-    bars["left"] = reportBarButton(*left);
-  }
   if (const auto& right = pane.navigationItem()->rightBarButtonItem()) {
     bars["right"] = reportBarButton(*right);
   }

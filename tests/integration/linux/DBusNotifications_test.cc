@@ -7,8 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "linux/PollHost.h"
 #include "linux/SystemClock.h"
+#include "tests/support/PollHost.h"
 #include "tests/support/PrivateBus.h"
 
 namespace {

@@ -16,7 +16,6 @@
 #include "headless/RecordingNotifications.h"
 #include "headless/RecordingProcesses.h"
 #include "linux/DeviceFileService.h"
-#include "linux/PollHost.h"
 #include "linux/PosixProcessService.h"
 #include "linux/SystemClock.h"
 #include "platform/foundation/CFNotificationCenter.h"
@@ -26,6 +25,7 @@
 #include "styles/QDButtonPickerCell.h"
 #include "styles/QDButtonStyleSelectionController.h"
 #include "tests/support/PaneTest.h"
+#include "tests/support/PollHost.h"
 #include "tests/support/PrivateBus.h"
 
 extern "C" const ClassTable quietDialPreferencesClasses;

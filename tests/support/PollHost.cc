@@ -1,4 +1,4 @@
-#include "linux/PollHost.h"
+#include "tests/support/PollHost.h"
 
 #include <algorithm>
 #include <array>
