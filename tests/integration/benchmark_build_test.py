@@ -18,6 +18,7 @@ PACKAGES = {
     "GIF::GIF": "libgif-dev",
     "GTest::gmock": "libgmock-dev",
     "PkgConfig::DCONF": "libdconf-dev",
+    "PkgConfig::PLIST": "libplist-dev",
 }
 
 
