@@ -255,7 +255,7 @@ Json DriveSession::type(const Json& request) {
 Json DriveSession::bar(const Json& request) {
   auto& pane = requireTopPane();
   if (textMember(request, "side") != "right") {
-    throw Refusal("\"side\" has to be \"right\".");
+    throw Refusal(R"("side" has to be "right".)");
   }
   const auto item = pane.navigationItem()->rightBarButtonItem();
   if (!item) {
