@@ -34,6 +34,11 @@ struct CGImageProperties {
 ///
 /// Making a source reads the file's structure only, without decoding. A source and its images may
 /// be used from any thread; decoding happens one thread at a time. Images outlive their source.
+///
+/// A frame in playback order is decoded alone. One that is out of order may need all before it, and
+/// is decoded to its end whatever that takes: each of them at most twice, together at most 2^37
+/// pixels and at most 5,462 for a byte of the file, and nothing is cleared that is clear. Meanwhile
+/// other frames are not held up: every 2^26 pixels those who wait for one go first.
 class PLATFORM_API CGImageSource {
  public:
   using Data = std::shared_ptr<const std::vector<std::uint8_t>>;

@@ -1,5 +1,7 @@
 #include "platform/imageio/FrameBufferPool.h"
 
+#include <utility>
+
 std::shared_ptr<FrameBuffer> FrameBufferPool::take() {
   {
     const std::lock_guard lock(mutex_);
@@ -17,6 +19,11 @@ std::shared_ptr<FrameBuffer> FrameBufferPool::take() {
   buffer->pixels = std::move(pixels);
   buffer->pool = weak_from_this();
   return buffer;
+}
+
+std::shared_ptr<FrameBuffer> FrameBufferPool::takeCurrent() {
+  current_->uses.store(0, std::memory_order_relaxed);
+  return std::exchange(current_, nullptr);
 }
 
 bool FrameBufferPool::isCurrentWritable() const {

@@ -43,6 +43,9 @@ class FrameBufferPool : public std::enable_shared_from_this<FrameBufferPool> {
   /// another one lets the pool have this one as soon as it is not lent. May be null.
   void setCurrent(std::shared_ptr<FrameBuffer> buffer) { keepIn(current_, std::move(buffer)); }
   const std::shared_ptr<FrameBuffer>& current() const { return current_; }
+  /// Makes the current frame, which is writable, the caller's: then it is as if it came from
+  /// take().
+  std::shared_ptr<FrameBuffer> takeCurrent();
   /// Whether there is a current frame that is used nowhere else, and so may be written.
   bool isCurrentWritable() const;
 

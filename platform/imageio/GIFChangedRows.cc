@@ -44,10 +44,11 @@ void GIFChangedRows::subtract(const GIFRect& rect) {
   }
 }
 
-void GIFChangedRows::copy(const PixelBuffer& from, PixelBuffer& to) const {
+std::size_t GIFChangedRows::copy(const PixelBuffer& from, PixelBuffer& to) const {
   const std::uint32_t* source = from.pixels().data() + top_ * width_;
   std::uint32_t* target = to.pixels().data() + top_ * width_;
   const Stretch* const rows = rows_.data();
+  std::size_t copied = 0;
   for (std::size_t y = top_; y < bottom_;) {
     // Whole rows are one move together.
     std::size_t whole = 0;
@@ -56,13 +57,16 @@ void GIFChangedRows::copy(const PixelBuffer& from, PixelBuffer& to) const {
     }
     if (whole > 0) {
       std::copy_n(source, whole * width_, target);
+      copied += whole * width_;
     } else {
       const Stretch row = rows[y];
       std::copy_n(source + row.begin, row.end - row.begin, target + row.begin);
+      copied += row.end - row.begin;
     }
     const std::size_t done = std::max<std::size_t>(1, whole);
     y += done;
     source += done * width_;
     target += done * width_;
   }
+  return copied;
 }

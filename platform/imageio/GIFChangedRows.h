@@ -21,7 +21,8 @@ class GIFChangedRows {
   /// Takes out what of the rectangle can be taken out without parting a stretch.
   void subtract(const GIFRect& rect);
 
-  void copy(const PixelBuffer& from, PixelBuffer& to) const;
+  /// Returns how many pixels that was.
+  std::size_t copy(const PixelBuffer& from, PixelBuffer& to) const;
 
  private:
   struct Stretch {

@@ -32,31 +32,100 @@ GIFCompositor::GIFCompositor(std::shared_ptr<const std::vector<std::uint8_t>> da
       changes_(structure_.width(), structure_.height()) {}
 
 std::shared_ptr<const PixelBuffer> GIFCompositor::makePixels(std::size_t index) {
-  const std::lock_guard lock(mutex_);
   if (index >= structure_.frameCount() || !structure_.isDecodable(index)) {
     return nullptr;
   }
-  if (!pool_->current() || pool_->current()->frame != index) {
-    coverage_.resize(structure_.frameCount(), Coverage::unknown);
-    Outcome outcome = composite(index, true);
-    if (outcome == Outcome::coverageWasWrong) {
-      outcome = composite(index, false);
-    }
-    if (outcome != Outcome::done) {
-      pool_->setCurrent(nullptr);  // its disposal may have lost what it needs
-      pool_->setUnder(nullptr);
-      return nullptr;
-    }
+  Lock lock = enter();
+  if (compositeInTurn(index, lock) != Outcome::done) {
+    pool_->setCurrent(nullptr);  // its disposal may have lost what it needs
+    pool_->setUnder(nullptr);
+    return nullptr;
   }
   return pool_->lendCurrent();
 }
 
-/// Whether nothing of the canvas is left to see under the frame.
-bool GIFCompositor::coversAll(std::size_t index, bool trustUnknown) const {
+std::size_t GIFCompositor::work() {
+  const Lock lock = enter();
+  return work_ + painter_.decodedPixelCount();
+}
+
+GIFCompositor::Lock GIFCompositor::enter() {
+  Lock lock(mutex_, std::try_to_lock);
+  if (!lock) {
+    ++waiting_;
+    lock.lock();
+    --waiting_;
+    ++entered_;
+    changed_.notify_all();
+  }
+  return lock;
+}
+
+/// Lets one of those that wait have the lock, if any does. Just to let go of it would not do: who
+/// runs has it again before the other has woken up.
+void GIFCompositor::giveWay(Lock& lock) {
+  if (waiting_ > 0) {
+    const std::size_t before = entered_;
+    changed_.wait(lock, [&] { return entered_ != before; });
+  }
+}
+
+/// Whether the lock must not be held for the whole way.
+bool GIFCompositor::isLong(Start start, std::size_t index) const {
+  std::size_t pixels = 0;
+  for (std::size_t i = start.first; i < index && pixels <= maximumPixelsAtOnce; ++i) {
+    pixels += structure_.pixelCount(i);
+  }
+  return pixels > maximumPixelsAtOnce;
+}
+
+/// While it lives, the one long jump is under way, if it is one.
+class GIFCompositor::Turn {
+ public:
+  explicit Turn(GIFCompositor* compositor) : compositor_(compositor) {
+    if (compositor_ != nullptr) {
+      compositor_->isJumpUnderWay_ = true;
+    }
+  }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+  ~Turn() {
+    if (compositor_ != nullptr) {
+      compositor_->isJumpUnderWay_ = false;
+      compositor_->changed_.notify_all();
+    }
+  }
+
+ private:
+  GIFCompositor* compositor_;
+};
+
+/// Makes the frame the current one. A long jump waits until no other is under way.
+GIFCompositor::Outcome GIFCompositor::compositeInTurn(std::size_t index, Lock& lock) {
+  std::size_t from = index;
+  while (!pool_->current() || pool_->current()->frame != index) {
+    coverage_.resize(structure_.frameCount(), Coverage::unknown);
+    const Start start = findStart(index, from);
+    const bool isLongJump = isLong(start, index);
+    if (isLongJump && isJumpUnderWay_) {
+      changed_.wait(lock, [this] { return !isJumpUnderWay_; });
+      continue;  // what is current may be another frame by now
+    }
+    const Turn turn(isLongJump ? this : nullptr);
+    const Outcome outcome = composite(index, start, isLongJump ? &lock : nullptr);
+    if (outcome != Outcome::coverageWasWrong) {
+      return outcome;
+    }
+    from = start.first;  // which is known now not to be a start
+    giveWay(lock);
+  }
+  return Outcome::done;
+}
+
+/// Whether nothing of the canvas is left to see under the frame, as far as is known.
+bool GIFCompositor::coversAll(std::size_t index) const {
   return structure_.isDecodable(index) && !structure_.hasTransparency(index) &&
-         structure_.coversCanvas(index) &&
-         (coverage_[index] == Coverage::complete ||
-          (trustUnknown && coverage_[index] == Coverage::unknown));
+         structure_.coversCanvas(index) && coverage_[index] != Coverage::partial;
 }
 
 bool GIFCompositor::clearsAll(std::size_t index) const {
@@ -73,20 +142,22 @@ bool GIFCompositor::replacesCanvas(Start start, std::size_t index) const {
   const GIFDisposal disposal = structure_.disposal(start.first);
   const bool isDrawn =
       disposal == GIFDisposal::keep || (start.first == index && disposal == GIFDisposal::clear);
-  return isDrawn && structure_.isDecodable(start.first) && structure_.coversCanvas(start.first);
+  return isDrawn && structure_.isDecodable(start.first) && structure_.coversCanvas(start.first) &&
+         coverage_[start.first] != Coverage::partial;
 }
 
-GIFCompositor::Start GIFCompositor::findStart(std::size_t index, bool trustUnknown) {
+/// The nearest one at or before `from`, when all between that and the frame are none.
+GIFCompositor::Start GIFCompositor::findStart(std::size_t index, std::size_t from) {
   const std::size_t current = pool_->current() ? pool_->current()->frame : FrameBuffer::noFrame;
   // In place, what the data turns out not to give is right as it is; no need to rely on it.
   if (index > 0 && current == index - 1 && pool_->isCurrentWritable() && !clearsAll(current)) {
     return {Origin::currentFrame, index};
   }
-  for (std::size_t first = index;; --first) {
+  for (std::size_t first = from;; --first) {
     const GIFDisposal disposal = structure_.disposal(first);
     const bool staysDrawn =
         first == index ? disposal != GIFDisposal::restorePrevious : disposal == GIFDisposal::keep;
-    if (staysDrawn && coversAll(first, trustUnknown)) {
+    if (staysDrawn && coversAll(first)) {
       return {Origin::nothingNeeded, first};
     }
     if (first == 0 || clearsAll(first - 1)) {
@@ -101,8 +172,8 @@ GIFCompositor::Start GIFCompositor::findStart(std::size_t index, bool trustUnkno
   }
 }
 
-GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnknown) {
-  const Start start = findStart(index, trustUnknown);
+/// Draws from the start on. With a lock, that is given up from time to time.
+GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, Lock* lock) {
   const bool isInPlace = pool_->isCurrentWritable();
   std::shared_ptr<FrameBuffer> taken = isInPlace ? nullptr : pool_->take();
   FrameBuffer* const target = isInPlace ? pool_->current().get() : taken.get();
@@ -118,6 +189,18 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
     prepare(*target, start, replacesRect);
   }
   target->frame = FrameBuffer::noFrame;
+  std::unique_ptr<GIFDrawnPixels> drawn;
+  if (needsDrawnPixels(start, index)) {
+    drawn = GIFDrawnPixels::create(structure_.width(), structure_.height(),
+                                   start.origin == Origin::empty);
+    if (!drawn) {
+      return Outcome::noMemory;
+    }
+  }
+  if (lock != nullptr && isInPlace) {
+    taken = pool_->takeCurrent();  // others are not to see it
+  }
+  std::size_t workAtEntry = work_ + painter_.decodedPixelCount();
 
   for (std::size_t i = start.first; i <= index; ++i) {
     if (i > start.first && i == lastKeepable(index)) {
@@ -126,10 +209,16 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
     if (!structure_.isDecodable(i)) {
       continue;
     }
+    if (lock != nullptr &&
+        work_ + painter_.decodedPixelCount() - workAtEntry > maximumPixelsAtOnce) {
+      before.reset();
+      giveWay(*lock);
+      workAtEntry = work_ + painter_.decodedPixelCount();
+    }
     const GIFDisposal disposal = structure_.disposal(i);
     if (i < index && disposal != GIFDisposal::keep) {
       if (disposal == GIFDisposal::clear) {
-        clearRect(structure_.visibleRect(i), *target->pixels);
+        work_ += drawn->clear(structure_.visibleRect(i), *target->pixels);
         before.reset();
       }
       continue;
@@ -140,14 +229,14 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
       return Outcome::noMemory;
     }
     const bool isReplacing = (replacesAll || replacesRect) && i == start.first;
-    GIFPainter::Result result =
-        paint(i, *target, isReplacing ? GIFPainter::Mode::replace : GIFPainter::Mode::over);
+    GIFPainter::Result result = paint(
+        i, *target, isReplacing ? GIFPainter::Mode::replace : GIFPainter::Mode::over, drawn.get());
     if (isReplacing && result == GIFPainter::Result::partial) {
       if (start.origin == Origin::nothingNeeded) {
         return Outcome::coverageWasWrong;
       }
       clearRect(structure_.visibleRect(i), *target->pixels);
-      result = paint(i, *target, GIFPainter::Mode::over);
+      result = paint(i, *target, GIFPainter::Mode::over, drawn.get());
     }
     if (result == GIFPainter::Result::noMemory) {
       return Outcome::noMemory;
@@ -166,10 +255,21 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, bool trustUnk
   return Outcome::done;
 }
 
+/// Whether anything on the way is cleared.
+bool GIFCompositor::needsDrawnPixels(Start start, std::size_t index) const {
+  for (std::size_t i = start.first; i < index; ++i) {
+    if (structure_.disposal(i) == GIFDisposal::clear) {
+      return true;
+    }
+  }
+  return false;
+}
+
 /// Whether the frame is all that will be seen where the one before it was cleared.
 bool GIFCompositor::replacesClearedRect(Start start, std::size_t index) const {
   if (start.origin != Origin::currentFrame || start.first != index ||
-      structure_.disposal(index) == GIFDisposal::restorePrevious) {
+      structure_.disposal(index) == GIFDisposal::restorePrevious ||
+      coverage_[index] == Coverage::partial) {
     return false;
   }
   const std::size_t current = pool_->current()->frame;
@@ -202,10 +302,12 @@ void GIFCompositor::prepare(FrameBuffer& target, Start start, bool replacesRect)
       break;
     case Origin::empty:
       std::fill_n(target.pixels->pixels().data(), pixelCount, 0);
+      work_ += pixelCount;
       break;
     case Origin::keptCanvas:
       std::copy_n(kept_.at(start.first)->pixels().data(), pixelCount,
                   target.pixels->pixels().data());
+      work_ += pixelCount;
       break;
     case Origin::currentFrame:
       prepareFromCurrent(target, start.first, replacesRect);
@@ -219,7 +321,7 @@ void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, b
   const GIFRect rect = structure_.visibleRect(current.frame);
   if (disposal == GIFDisposal::restorePrevious && pool_->under()) {
     findChanges(target, *pool_->under());
-    changes_.copy(*pool_->under()->pixels, *target.pixels);
+    work_ += changes_.copy(*pool_->under()->pixels, *target.pixels);
     return;
   }
   if (&target != &current) {
@@ -227,7 +329,7 @@ void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, b
     if (disposal != GIFDisposal::keep) {
       changes_.subtract(rect);
     }
-    changes_.copy(*current.pixels, *target.pixels);
+    work_ += changes_.copy(*current.pixels, *target.pixels);
   }
   if (disposal == GIFDisposal::restorePrevious) {
     restore(rect, *target.pixels);
@@ -256,8 +358,8 @@ void GIFCompositor::findChanges(const FrameBuffer& target, const FrameBuffer& fr
 }
 
 GIFPainter::Result GIFCompositor::paint(std::size_t index, FrameBuffer& target,
-                                        GIFPainter::Mode mode) {
-  const GIFPainter::Result result = painter_.paint(index, target.pixels->pixels(), mode);
+                                        GIFPainter::Mode mode, GIFDrawnPixels* drawn) {
+  const GIFPainter::Result result = painter_.paint(index, target.pixels->pixels(), mode, drawn);
   if (result != GIFPainter::Result::noMemory) {
     coverage_[index] =
         result == GIFPainter::Result::complete ? Coverage::complete : Coverage::partial;
@@ -265,7 +367,8 @@ GIFPainter::Result GIFCompositor::paint(std::size_t index, FrameBuffer& target,
   return result;
 }
 
-void GIFCompositor::clearRect(const GIFRect& rect, PixelBuffer& pixels) const {
+void GIFCompositor::clearRect(const GIFRect& rect, PixelBuffer& pixels) {
+  work_ += rect.area();
   std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width() + rect.left;
   if (rect.width == structure_.width()) {
     std::fill_n(to, rect.area(), 0);
@@ -277,8 +380,7 @@ void GIFCompositor::clearRect(const GIFRect& rect, PixelBuffer& pixels) const {
 }
 
 /// Clears a rectangle but for what of it lies in `inner`, which is in it or of no area.
-void GIFCompositor::clearAround(const GIFRect& inner, const GIFRect& rect,
-                                PixelBuffer& pixels) const {
+void GIFCompositor::clearAround(const GIFRect& inner, const GIFRect& rect, PixelBuffer& pixels) {
   if (inner.area() == 0) {
     clearRect(rect, pixels);
     return;
@@ -303,6 +405,7 @@ bool GIFCompositor::save(const GIFRect& rect, const PixelBuffer& pixels) {
     }
     savedCapacity_ = rect.area();
   }
+  work_ += rect.area();
   const std::uint32_t* from = pixels.pixels().data() + rect.top * structure_.width() + rect.left;
   std::uint32_t* to = saved_.get();
   for (std::size_t y = 0; y < rect.height; ++y) {
@@ -314,7 +417,8 @@ bool GIFCompositor::save(const GIFRect& rect, const PixelBuffer& pixels) {
 }
 
 /// Brings back what was remembered.
-void GIFCompositor::restore(const GIFRect& rect, PixelBuffer& pixels) const {
+void GIFCompositor::restore(const GIFRect& rect, PixelBuffer& pixels) {
+  work_ += rect.area();
   const std::uint32_t* from = saved_.get();
   std::uint32_t* to = pixels.pixels().data() + rect.top * structure_.width() + rect.left;
   for (std::size_t y = 0; y < rect.height; ++y) {
@@ -335,5 +439,6 @@ void GIFCompositor::keepCanvas(std::size_t index, const PixelBuffer& pixels) {
   if (canvas) {
     std::copy_n(pixels.pixels().data(), pixels.pixels().size(), canvas->pixels().data());
     kept_.emplace(index, std::move(canvas));
+    work_ += pixels.pixels().size();
   }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <atomic>
+#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -12,6 +14,7 @@
 #include "platform/coregraphics/PixelBuffer.h"
 #include "platform/imageio/FrameBufferPool.h"
 #include "platform/imageio/GIFChangedRows.h"
+#include "platform/imageio/GIFDrawnPixels.h"
 #include "platform/imageio/GIFPainter.h"
 #include "platform/imageio/GIFStructure.h"
 
@@ -32,13 +35,23 @@
 /// a player that never jumps pays nothing for them and a second jump into the same frames decodes
 /// at most that many.
 ///
+/// A jump decodes no frame more than twice, all together at most 2 x
+/// GIFStructure::maximumCompositedPixelCount pixels and, since a code of at least 12 bits stands
+/// for a string of less than 4,096 pixels, at most 2 x 2,731 for each byte of the file. It clears
+/// only what has been drawn since it was clear. Every `maximumPixelsAtOnce` it lets the calls that
+/// wait go first. What is longer than that goes one jump at a time.
+///
 /// Memory besides the file, its structure and the frames that callers hold: one canvas, a second
 /// one with disposal 3, one byte a pixel of the largest frame, FrameBufferPool::maximumFree
-/// canvases once callers hold frames, and the kept canvases, `maximumKeptBytes` together.
+/// canvases once callers hold frames, and the kept canvases, `maximumKeptBytes` together; during a
+/// jump one bit a pixel, and one more canvas if others ask for frames meanwhile.
 class GIFCompositor : public PixelProvider {
  public:
   static constexpr std::size_t maximumKeptBytes = std::size_t{8} << 20;
   static constexpr std::size_t minimumKeptSpacing = 8;
+  /// Others wait for so many pixels decoded, and what they need copied and cleared, and for the
+  /// frame at hand: four canvases of the largest size.
+  static constexpr std::size_t maximumPixelsAtOnce = std::size_t{1} << 26;
 
   GIFCompositor(std::shared_ptr<const std::vector<std::uint8_t>> data, GIFStructure structure);
 
@@ -50,6 +63,9 @@ class GIFCompositor : public PixelProvider {
 
   /// Frames between two places where canvases are kept; 0 if the canvas is too large to keep any.
   std::size_t keptSpacing() const { return keptSpacing_; }
+
+  /// Pixels decoded, copied and cleared so far.
+  std::size_t work();
 
  private:
   /// Whether a frame's data gives all of its visible pixels; known once it has been decoded.
@@ -63,23 +79,33 @@ class GIFCompositor : public PixelProvider {
   };
   enum class Outcome { done, coverageWasWrong, noMemory };
 
-  bool coversAll(std::size_t index, bool trustUnknown) const;
+  using Lock = std::unique_lock<std::mutex>;
+  class Turn;
+
+  Lock enter();
+  void giveWay(Lock& lock);
+  bool isLong(Start start, std::size_t index) const;
+  Outcome compositeInTurn(std::size_t index, Lock& lock);
+
+  bool coversAll(std::size_t index) const;
   bool clearsAll(std::size_t index) const;
 
-  Start findStart(std::size_t index, bool trustUnknown);
-  Outcome composite(std::size_t index, bool trustUnknown);
+  Start findStart(std::size_t index, std::size_t from);
+  Outcome composite(std::size_t index, Start start, Lock* lock);
+  bool needsDrawnPixels(Start start, std::size_t index) const;
   void prepare(FrameBuffer& target, Start start, bool replacesRect);
   void prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect);
   bool replacesCanvas(Start start, std::size_t index) const;
   bool replacesClearedRect(Start start, std::size_t index) const;
   std::shared_ptr<FrameBuffer> bufferBefore(Start start, const FrameBuffer& target) const;
   void findChanges(const FrameBuffer& target, const FrameBuffer& from);
-  GIFPainter::Result paint(std::size_t index, FrameBuffer& target, GIFPainter::Mode mode);
+  GIFPainter::Result paint(std::size_t index, FrameBuffer& target, GIFPainter::Mode mode,
+                           GIFDrawnPixels* drawn);
 
-  void clearRect(const GIFRect& rect, PixelBuffer& pixels) const;
-  void clearAround(const GIFRect& inner, const GIFRect& rect, PixelBuffer& pixels) const;
+  void clearRect(const GIFRect& rect, PixelBuffer& pixels);
+  void clearAround(const GIFRect& inner, const GIFRect& rect, PixelBuffer& pixels);
   bool save(const GIFRect& rect, const PixelBuffer& pixels);
-  void restore(const GIFRect& rect, PixelBuffer& pixels) const;
+  void restore(const GIFRect& rect, PixelBuffer& pixels);
   std::size_t lastKeepable(std::size_t index) const;
   void keepCanvas(std::size_t index, const PixelBuffer& pixels);
 
@@ -87,7 +113,12 @@ class GIFCompositor : public PixelProvider {
   const GIFStructure structure_;
   const std::size_t keptSpacing_;
 
-  std::mutex mutex_;  // guards what follows
+  std::atomic<unsigned> waiting_ = 0;  // calls that wait for the mutex
+  std::mutex mutex_;                   // guards what follows
+  std::condition_variable changed_;    // of the next two
+  std::size_t entered_ = 0;            // calls that have waited and got it
+  bool isJumpUnderWay_ = false;        // a long one
+  std::size_t work_ = 0;               // besides what the painter counts
   GIFPainter painter_;
   std::shared_ptr<FrameBufferPool> pool_;
   std::vector<Coverage> coverage_;

@@ -108,8 +108,8 @@ GIFPainter::Palette GIFPainter::readPalette(std::size_t offset, std::size_t coun
   return palette;
 }
 
-GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t> canvas,
-                                     Mode mode) {
+GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t> canvas, Mode mode,
+                                     GIFDrawnPixels* drawn) {
   const GIFRect rect = structure_.visibleRect(index);
   if (rect.area() == 0) {
     return Result::complete;
@@ -142,6 +142,9 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
     if (row >= rect.height) {
       return;
     }
+    if (drawn != nullptr) {
+      drawn->add(rect.top + row, rect.left, count);
+    }
     std::uint32_t* const to = origin + row * structure_.width();
     if (leavesTransparent) {
       paintOver(to, indexes, count, palette->data(), frame.transparentIndex);
@@ -163,9 +166,11 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
       paintRow(order.row(), indexes + painted, rect.width);
     }
     if (there < wanted) {
+      decodedPixelCount_ += there;
       paintRow(order.row(), indexes + painted, std::min(there - painted, rect.width));
       return Result::partial;
     }
   }
+  decodedPixelCount_ += total;
   return Result::complete;
 }

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "platform/imageio/GIFDecompressor.h"
+#include "platform/imageio/GIFDrawnPixels.h"
 #include "platform/imageio/GIFStructure.h"
 
 /// Decodes the frames of one GIF and draws each into its rectangle of a canvas, whose pixels are as
@@ -26,8 +27,12 @@ class GIFPainter {
   /// Both must outlive the painter.
   GIFPainter(std::span<const std::uint8_t> data, const GIFStructure& structure);
 
-  /// Draws the frame of that index, which is decodable.
-  Result paint(std::size_t index, std::span<std::uint32_t> canvas, Mode mode);
+  /// Draws the frame of that index, which is decodable, and tells `drawn`, if there is one, where.
+  Result paint(std::size_t index, std::span<std::uint32_t> canvas, Mode mode,
+               GIFDrawnPixels* drawn);
+
+  /// All pixels that were decoded so far, those outside of the canvas as well.
+  std::size_t decodedPixelCount() const { return decodedPixelCount_; }
 
  private:
   using Palette = std::array<std::uint32_t, 256>;
@@ -38,4 +43,5 @@ class GIFPainter {
   const GIFStructure& structure_;
   Palette globalPalette_;
   GIFDecompressor decompressor_;
+  std::size_t decodedPixelCount_ = 0;
 };

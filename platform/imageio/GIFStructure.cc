@@ -42,9 +42,8 @@ class GIFStructure::Reader {
     if (!readScreen()) {
       return std::nullopt;
     }
-    const std::size_t maximumFrames =
-        maximumCompositedPixelCount / (structure_.width_ * structure_.height_);
-    while (structure_.records_.size() < maximumFrames && offset_ < data_.size()) {
+    canvasPixelCount_ = structure_.width_ * structure_.height_;
+    while (offset_ < data_.size()) {
       const std::uint8_t block = data_[offset_++];
       if (block == imageDescriptor ? !readImage() : block != extension || !readExtension()) {
         break;
@@ -147,12 +146,19 @@ class GIFStructure::Reader {
     if (width == 0 || height == 0) {
       record.isDecodable = 1;
     }
+    const std::size_t own = record.isDecodable != 0 ? width * height : 0;
+    composited_ += std::max(canvasPixelCount_, own);
+    if (composited_ > maximumCompositedPixelCount) {
+      return false;
+    }
     structure_.records_.push_back(record);
     return hasData && skipSubBlocks();
   }
 
   std::span<const std::uint8_t> data_;
   std::size_t offset_ = 0;
+  std::size_t canvasPixelCount_ = 0;
+  std::size_t composited_ = 0;  // if every frame were drawn
   GIFStructure structure_;
   Record next_{};  // what the control extension said of the next image
 };
@@ -203,4 +209,9 @@ GIFRect GIFStructure::visibleRect(std::size_t index) const {
 
 bool GIFStructure::coversCanvas(std::size_t index) const {
   return visibleRect(index).area() == width_ * height_;
+}
+
+std::size_t GIFStructure::pixelCount(std::size_t index) const {
+  const std::uint8_t* const descriptor = this->descriptor(index);
+  return isDecodable(index) ? std::size_t{wordAt(descriptor + 4)} * wordAt(descriptor + 6) : 0;
 }

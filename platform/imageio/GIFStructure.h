@@ -25,8 +25,9 @@
 /// - A frame is undecodable if the file ends before its first byte of data, if its minimum code
 ///   size is not 1 to 8, or if it has more than PixelBuffer::maximumPixelCount pixels. One of no
 ///   area needs no data: it counts, with its delay, and draws nothing.
-/// - Frames are counted up to `maximumCompositedPixelCount` pixels of canvas, which bounds the time
-///   of one pass over any file.
+/// - Frames are counted up to `maximumCompositedPixelCount` pixels, each with those of the canvas
+/// or
+///   its own if it has more, which bounds the time of one pass over any file.
 class GIFStructure {
  public:
   static constexpr std::size_t maximumCompositedPixelCount = std::size_t{1} << 36;
@@ -51,6 +52,8 @@ class GIFStructure {
   /// What of the frame is on the canvas.
   GIFRect visibleRect(std::size_t index) const;
   bool coversCanvas(std::size_t index) const;
+  /// Of the whole frame; 0 if it is not decodable.
+  std::size_t pixelCount(std::size_t index) const;
 
  private:
   class Reader;

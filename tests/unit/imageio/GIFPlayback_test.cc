@@ -238,6 +238,14 @@ TEST(GIFPlayback, OnlyThePixelsThatOneReadingMayCompositeAreCounted) {
   EXPECT_EQ(CGImageSource::createWithData(gif.trailer().data())->count(), 4096U);
 }
 
+TEST(GIFPlayback, FramesLargerThanTheCanvasCountWithTheirOwnPixels) {
+  GIFBuilder gif = screen(1, 1);
+  for (unsigned i = 0; i < 5000; ++i) {
+    gif.descriptor({.width = 4096, .height = 4096}).bytes({2, 0});
+  }
+  EXPECT_EQ(CGImageSource::createWithData(gif.trailer().data())->count(), 4096U);
+}
+
 TEST(GIFPlayback, AHundredThousandWholeFramesArePlayedInBoundedTime) {
   for (const unsigned disposal : {0U, 2U, 3U}) {
     GIFBuilder gif = screen(600, 600);
