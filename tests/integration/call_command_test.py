@@ -111,10 +111,9 @@ class CallCommand(unittest.TestCase):
     def test_silence_is_not_known_and_not_tried_again(self):
         for silent, called in (("CreateCall", ["CreateCall"]), ("Start", ["CreateCall", "Start"])):
             with self.subTest(silent):
-                modems = StandInModems(self.phone, **{silent: None})
-                for_each = self.phone.call("0123456")
-                modems.close()
-                self.assertEqual((for_each.returncode, for_each.stderr),
+                with StandInModems(self.phone, **{silent: None}) as modems:
+                    result = self.phone.call("0123456")
+                self.assertEqual((result.returncode, result.stderr),
                                  (6, "quietdial call: The modem took the number and may still dial.\n"))
                 self.assertEqual([call[0] for call in modems.called], called)
 

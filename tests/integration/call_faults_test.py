@@ -92,19 +92,16 @@ class ModemAnswers(CallFaults):
 
     def test_the_bus_ends_in_the_middle_of_a_call(self):
         for method, called in (("CreateCall", ["CreateCall"]), ("Start", ["CreateCall", "Start"])):
-            with self.subTest(method), Telephony() as self.phone:
-                modems = StandInModems(self.phone, **{method: self.end_the_bus})
+            with self.subTest(method), Telephony() as self.phone, \
+                    StandInModems(self.phone, **{method: self.end_the_bus}) as modems:
                 self.assert_ends(self.phone.call("0123456"), UNKNOWN, MODEM_MAY_DIAL)
-                modems.close()
                 self.assertEqual([call[0] for call in modems.called], called)
 
     def test_a_session_that_may_not_call_is_told_so(self):
         for error in (MODEM_MANAGER + ".Error.Core.Unauthorized", "org.freedesktop.DBus.Error.AccessDenied"):
-            with self.subTest(error), Telephony() as self.phone:
-                modems = StandInModems(self.phone, CreateCall=error)
+            with self.subTest(error), Telephony() as self.phone, StandInModems(self.phone, CreateCall=error) as modems:
                 self.assert_ends(self.phone.call("0123456"), FAILED, "The system does not let this session place calls. "
                                  "It lets one at the device itself.")
-                modems.close()
                 self.assertEqual(len(modems.called), 1)
 
     def test_without_a_network_only_an_emergency_call_goes_out(self):
@@ -178,11 +175,9 @@ class GnomeCallsFaults(CallFaults):
 
     def test_what_ends_while_it_takes_the_number_is_not_known(self):
         for name, fault in (("the bus", self.end_the_bus), ("GNOME Calls", None)):
-            with self.subTest(name), Telephony() as self.phone:
-                calls = StandInCalls(self.phone, Open=fault)
+            with self.subTest(name), Telephony() as self.phone, StandInCalls(self.phone, Open=fault) as calls:
                 self.phone.handle_links_with("org.gnome.Calls.desktop")
                 self.assert_ends(self.phone.call("0123456"), UNKNOWN, CALLS_MAY_DIAL)
-                calls.close()
                 self.assertEqual(calls.opened, ["tel:%2331%230123456"])
 
     def test_one_that_refuses_the_number_is_told(self):
@@ -272,10 +267,9 @@ class OfonoAnswers(CallFaults):
                 ("org.freedesktop.DBus.Error.AccessDenied", FAILED, "The system does not let this session place calls."),
                 ("org.ofono.Error.InProgress", FAILED, "oFono does not place this call."),
                 (None, UNKNOWN, OFONO_MAY_DIAL), (self.end_the_bus, UNKNOWN, OFONO_MAY_DIAL)):
-            with self.subTest(answer), Telephony() as self.phone:
-                ofono = StandInOfono(self.phone, types=["hardware"], Dial=answer)
+            with self.subTest(answer), Telephony() as self.phone, \
+                    StandInOfono(self.phone, types=["hardware"], Dial=answer) as ofono:
                 self.assert_ends(self.phone.call("0123456"), status, sentence)
-                ofono.close()
                 self.assertEqual(ofono.called, [("/modem0", "0123456", "enabled")])
 
     def test_an_emergency_call_goes_on_where_one_line_has_gone(self):
@@ -299,11 +293,9 @@ class Silence(CallFaults):
     def test_it_is_not_known_and_nothing_is_tried_again(self):
         def call(case):
             kind, answers, _, _ = case
-            with Telephony() as phone:
-                service = kind(phone, **answers)
+            with Telephony() as phone, kind(phone, **answers) as service:
                 phone.handle_links_with("org.gnome.Calls.desktop")
                 result = phone.call("0123456")
-                service.close()
                 return result, len(service.called)
         with concurrent.futures.ThreadPoolExecutor(len(self.CASES)) as pool:
             ends = dict(zip(self.CASES, pool.map(call, self.CASES.values())))

@@ -27,6 +27,12 @@ class StandIn:
         self._thread.start()
         ready.wait()
 
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
     def close(self):
         self._loop.quit()
         self._thread.join()
