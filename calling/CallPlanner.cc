@@ -248,7 +248,9 @@ class CallPlanner::Planning {
       return Refusal::kCode;
     }
     if (plan_.hiding == Hiding::kPrefix) {
-      if (emergencies_.beginsWithOne(plan_.dial)) {
+      // With the number's first digits it may be another code, before another number.
+      const bool isAnotherCode = prefixOf(plan_.dial) != prefix;
+      if (isAnotherCode || emergencies_.beginsWithOne(plan_.dial)) {
         return Refusal::kBadPrefix;
       }
       noticePrefix();

@@ -34,6 +34,16 @@ bool prefixMakesAnEmergencyNumber(const LastCheck& check) {
   return false;
 }
 
+// Whether an exchange reads the first digits behind the prefix as the rest of another code.
+bool numberMakesAnotherCode(const LastCheck& check) {
+  for (const auto& known : check.knownPrefixes) {
+    if (known.size() > check.prefix.size() && check.dial.starts_with(known)) {
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace
 
 bool passesLastCheck(const LastCheck& check) {
@@ -57,5 +67,5 @@ bool passesLastCheck(const LastCheck& check) {
   if (!hasPrefix || check.isEmergency(check.dial.substr(check.prefix.size()))) {
     return false;
   }
-  return !prefixMakesAnEmergencyNumber(check);
+  return !prefixMakesAnEmergencyNumber(check) && !numberMakesAnotherCode(check);
 }

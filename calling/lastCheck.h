@@ -18,6 +18,6 @@ struct LastCheck {
 
 /// Whether it may go: it is `0-9*#` with at most one `+`; an emergency number has nothing in front
 /// and no wish with it, and no prefix makes one; an anonymous call asks for the number to be
-/// hidden. Shares no code with what builds the text, on purpose: it is there to notice that going
-/// wrong.
+/// hidden, and its prefix makes no longer code that is known. Shares no code with what builds the
+/// text, on purpose: it is there to notice that going wrong.
 bool passesLastCheck(const LastCheck& check);

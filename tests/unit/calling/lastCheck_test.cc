@@ -67,6 +67,12 @@ TEST(LastCheck, NoPrefixOfDigitsMakesAnEmergencyNumber) {
   EXPECT_TRUE(passesLastCheck(check("#31#11012345")));
 }
 
+TEST(LastCheck, ThePrefixMakesNoLongerCodeWithTheNumber) {
+  EXPECT_FALSE(passesLastCheck(check("#31#0171555", "#31")));
+  EXPECT_TRUE(passesLastCheck(check("#3110171555", "#31")));
+  EXPECT_FALSE(passesLastCheck(check("1415550134", "14")));
+}
+
 TEST(LastCheck, AnOpenCallCarriesNoWish) {
   EXPECT_TRUE(passesLastCheck(open("0171555")));
   auto wrong = hiddenByTheLine("0171555");
