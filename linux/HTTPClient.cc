@@ -5,7 +5,7 @@
 #include <ranges>
 
 #include "linux/CurlLibrary.h"
-#include "linux/lowered.h"
+#include "linux/asciiText.h"
 #include "linux/redirect.h"
 
 namespace {
@@ -37,14 +37,6 @@ std::optional<WebServer> serverOf(const CurlLibrary& curl, const std::string& ad
   auto host = partOf(curl, *url, CURLUPART_HOST);
   return scheme && host ? std::optional(WebServer{std::move(*scheme), std::move(*host)})
                         : std::nullopt;
-}
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const auto begin = text.find_first_not_of(kBlanks);
-  return begin == std::string_view::npos
-             ? std::string_view()
-             : text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
 }
 
 bool isRedirect(int status) {

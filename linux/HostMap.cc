@@ -5,7 +5,7 @@
 
 #include <arpa/inet.h>
 
-#include "linux/lowered.h"
+#include "linux/asciiText.h"
 
 namespace {
 

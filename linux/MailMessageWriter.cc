@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <ctime>
 
+#include "linux/asciiText.h"
 #include "linux/propertylist/Base64.h"
 #include "linux/propertylist/Unicode.h"
 
@@ -22,11 +23,6 @@ constexpr std::string_view kNewLine = "\r\n";
 
 bool isControl(char32_t character) {
   return character < 0x20 || (character >= 0x7F && character < 0xA0);
-}
-
-bool isAlphanumeric(char letter) {
-  return (letter >= '0' && letter <= '9') || (letter >= 'A' && letter <= 'Z') ||
-         (letter >= 'a' && letter <= 'z');
 }
 
 // Well-formed UTF-8; for a field, without control characters.

@@ -4,27 +4,12 @@
 #include <charconv>
 
 #include "linux/MailMessageWriter.h"
-#include "linux/lowered.h"
+#include "linux/asciiText.h"
+#include "platform/foundation/percentEncoding.h"
 
 namespace {
 
 constexpr std::string_view kScheme = "mailto:";
-
-std::string percentEncoded(std::string_view text) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  constexpr std::string_view kUnreserved =
-      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
-  std::string result;
-  for (const char letter : text) {
-    if (kUnreserved.find(letter) != std::string_view::npos) {
-      result += letter;
-      continue;
-    }
-    const auto byte = static_cast<unsigned char>(letter);
-    result += {'%', kDigits[byte >> 4U], kDigits[byte & 15U]};
-  }
-  return result;
-}
 
 // Nothing where a "%" is not followed by two hexadecimal digits.
 std::optional<std::string> percentDecoded(std::string_view text) {
@@ -118,17 +103,17 @@ std::string MailtoAddress::text() const {
   for (const auto& recipient : recipients) {
     const auto at = recipient.rfind('@');
     result += (&recipient == recipients.data() ? "" : ",") +
-              percentEncoded(recipient.substr(0, at)) + recipient.substr(at);
+              percentEncoded(recipient.substr(0, at), kUnreservedMarks) + recipient.substr(at);
   }
   std::string encodedBody;
   for (const char letter : body) {
     if (letter == '\n') {
       encodedBody += "%0D%0A";
     } else if (letter != '\r') {
-      encodedBody += percentEncoded({&letter, 1});
+      encodedBody += percentEncoded({&letter, 1}, kUnreservedMarks);
     }
   }
-  result += subject.empty() ? "" : "?subject=" + percentEncoded(subject);
+  result += subject.empty() ? "" : "?subject=" + percentEncoded(subject, kUnreservedMarks);
   result += body.empty() ? "" : (subject.empty() ? "?body=" : "&body=") + encodedBody;
   return result;
 }

@@ -8,17 +8,13 @@
 
 #include <sys/utsname.h>
 
+#include "linux/asciiText.h"
 #include "linux/readFile.h"
 
 namespace {
 
 constexpr std::size_t kReleaseFileBound = 65536;
 constexpr std::size_t kLongestText = 64;
-
-bool isAlphanumeric(char letter) {
-  return (letter >= '0' && letter <= '9') || (letter >= 'A' && letter <= 'Z') ||
-         (letter >= 'a' && letter <= 'z');
-}
 
 // What stands for the variable in a release file (os-release(5)): a shell assignment, perhaps
 // quoted.

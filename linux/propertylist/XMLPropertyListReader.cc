@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "linux/asciiText.h"
 #include "linux/propertylist/Base64.h"
 #include "linux/propertylist/PropertyListDateText.h"
 #include "linux/propertylist/Unicode.h"
@@ -15,17 +16,8 @@ namespace {
 constexpr std::string_view kBlanks = " \t\r\n";
 
 bool isNameCharacter(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9') || character == '_' || character == '-' ||
-         character == '.' || character == ':';
-}
-
-std::string_view trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) {
-    return {};
-  }
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+  return isAlphanumeric(character) || character == '_' || character == '-' || character == '.' ||
+         character == ':';
 }
 
 template <class Number, class... Format>

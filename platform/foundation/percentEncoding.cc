@@ -2,20 +2,19 @@
 
 namespace {
 
-bool isHostAllowed(char character) {
-  constexpr std::string_view kMarks = "-._~!$&'()*+,;=:[]";
+bool isAlphanumeric(char character) {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9') || kMarks.find(character) != std::string_view::npos;
+         (character >= '0' && character <= '9');
 }
 
 }  // namespace
 
-std::string stringByAddingPercentEncodingWithURLHostAllowedCharacters(std::string_view text) {
+std::string percentEncoded(std::string_view text, std::string_view marks) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string encoded;
   encoded.reserve(text.size());
   for (const char character : text) {
-    if (isHostAllowed(character)) {
+    if (isAlphanumeric(character) || marks.find(character) != std::string_view::npos) {
       encoded += character;
       continue;
     }
@@ -25,4 +24,8 @@ std::string stringByAddingPercentEncodingWithURLHostAllowedCharacters(std::strin
     encoded += kDigits[byte & 15U];
   }
   return encoded;
+}
+
+std::string stringByAddingPercentEncodingWithURLHostAllowedCharacters(std::string_view text) {
+  return percentEncoded(text, "-._~!$&'()*+,;=:[]");
 }

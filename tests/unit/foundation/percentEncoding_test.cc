@@ -27,4 +27,9 @@ TEST(PercentEncoding, LettersOfSeveralBytesAreEncodedByteByByte) {
   EXPECT_EQ(stringByAddingPercentEncodingWithURLHostAllowedCharacters(""), "");
 }
 
+TEST(PercentEncoding, OnlyLettersDigitsAndTheMarksThatAreAskedForStay) {
+  EXPECT_EQ(percentEncoded("aZ09-._~ !@/%", kUnreservedMarks), "aZ09-._~%20%21%40%2F%25");
+  EXPECT_EQ(percentEncoded("aZ09-\xC3\xA4", ""), "aZ09%2D%C3%A4");
+}
+
 }  // namespace
