@@ -104,9 +104,11 @@ class GIFCompositor::Turn {
 GIFCompositor::Outcome GIFCompositor::compositeInTurn(std::size_t index, Lock& lock) {
   std::size_t from = index;
   while (!pool_->current() || pool_->current()->frame != index) {
-    coverage_.resize(structure_.frameCount(), Coverage::unknown);
+    if (coverage_.empty()) {
+      coverage_.resize(structure_.frameCount(), Coverage::unknown);
+    }
     const Start start = findStart(index, from);
-    const bool isLongJump = isLong(start, index);
+    const bool isLongJump = start.first < index && isLong(start, index);
     if (isLongJump && isJumpUnderWay_) {
       changed_.wait(lock, [this] { return !isJumpUnderWay_; });
       continue;  // what is current may be another frame by now
@@ -190,7 +192,7 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, 
   }
   target->frame = FrameBuffer::noFrame;
   std::unique_ptr<GIFDrawnPixels> drawn;
-  if (needsDrawnPixels(start, index)) {
+  if (start.first < index && needsDrawnPixels(start, index)) {
     drawn = GIFDrawnPixels::create(structure_.width(), structure_.height(),
                                    start.origin == Origin::empty);
     if (!drawn) {
@@ -268,12 +270,12 @@ bool GIFCompositor::needsDrawnPixels(Start start, std::size_t index) const {
 /// Whether the frame is all that will be seen where the one before it was cleared.
 bool GIFCompositor::replacesClearedRect(Start start, std::size_t index) const {
   if (start.origin != Origin::currentFrame || start.first != index ||
-      structure_.disposal(index) == GIFDisposal::restorePrevious ||
-      coverage_[index] == Coverage::partial) {
+      structure_.disposal(pool_->current()->frame) != GIFDisposal::clear) {
     return false;
   }
   const std::size_t current = pool_->current()->frame;
-  return structure_.disposal(current) == GIFDisposal::clear &&
+  return structure_.disposal(index) != GIFDisposal::restorePrevious &&
+         coverage_[index] != Coverage::partial &&
          structure_.visibleRect(current).contains(structure_.visibleRect(index));
 }
 
@@ -318,6 +320,9 @@ void GIFCompositor::prepare(FrameBuffer& target, Start start, bool replacesRect)
 void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect) {
   const FrameBuffer& current = *pool_->current();
   const GIFDisposal disposal = structure_.disposal(current.frame);
+  if (disposal == GIFDisposal::keep && &target == &current) {
+    return;
+  }
   const GIFRect rect = structure_.visibleRect(current.frame);
   if (disposal == GIFDisposal::restorePrevious && pool_->under()) {
     findChanges(target, *pool_->under());

@@ -86,7 +86,10 @@ std::size_t GIFDecompressor::decode(std::size_t count) {
       copyPiece(to + copied, from + copied);
     }
     // The newest string ends with the byte that it starts with here, copied before it was there.
-    to[string.length - 1] = from[string.length - 1];
+    // After any other the byte is written behind the string, where the next one goes: a processor
+    // waits when what it reads comes from two writes that are still under way.
+    const bool isNewest = from + string.length > to;
+    to[string.length - (isNewest ? 1 : 0)] = *from;
     last = {static_cast<std::uint32_t>(written), string.length};
     written += string.length;
     if (nextCode > (1U << width) - 1 && width < maximumWidth) {

@@ -110,11 +110,11 @@ GIFPainter::Palette GIFPainter::readPalette(std::size_t offset, std::size_t coun
 
 GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t> canvas, Mode mode,
                                      GIFDrawnPixels* drawn) {
-  const GIFRect rect = structure_.visibleRect(index);
+  const GIFFrame frame = structure_.frame(index);
+  const GIFRect rect = structure_.visibleRect(frame);
   if (rect.area() == 0) {
     return Result::complete;
   }
-  const GIFFrame frame = structure_.frame(index);
   // An interlaced image has visible rows up to its end.
   const std::size_t rowCount = frame.isInterlaced ? frame.height : rect.height;
   const std::size_t rowLength = frame.width;

@@ -28,10 +28,6 @@ GIFDisposal disposalOf(unsigned method) {
   }
 }
 
-std::uint16_t wordAt(const std::uint8_t* bytes) {
-  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
-}
-
 }  // namespace
 
 class GIFStructure::Reader {
@@ -66,8 +62,8 @@ class GIFStructure::Reader {
     if (signature != "GIF87a" && signature != "GIF89a") {
       return false;
     }
-    structure_.width_ = wordAt(data_.data() + 6);
-    structure_.height_ = wordAt(data_.data() + 8);
+    structure_.width_ = word(data_.data() + 6);
+    structure_.height_ = word(data_.data() + 8);
     const std::uint8_t flags = data_[10];
     offset_ = screenSize;
     if (structure_.width_ == 0 || structure_.height_ == 0 ||
@@ -117,7 +113,7 @@ class GIFStructure::Reader {
       next_.hasControlExtension = 1;
       next_.disposal = static_cast<std::uint64_t>(disposalOf(control[0] >> 2 & 7));
       next_.hasTransparency = control[0] & 1;
-      next_.delay = wordAt(control + 1);
+      next_.delay = word(control + 1);
       next_.transparentIndex = control[3];
     } else if (label == plainText) {
       next_ = {};
@@ -131,9 +127,10 @@ class GIFStructure::Reader {
     }
     Record record = std::exchange(next_, {});
     record.descriptorOffset = offset_;
-    const std::size_t width = wordAt(data_.data() + offset_ + 4);
-    const std::size_t height = wordAt(data_.data() + offset_ + 6);
-    const std::uint8_t flags = data_[offset_ + 8];
+    const std::uint8_t* const descriptor = data_.data() + offset_;
+    const std::size_t width = word(descriptor + 4);
+    const std::size_t height = word(descriptor + 6);
+    const std::uint8_t flags = descriptor[8];
     offset_ += descriptorSize;
     const std::size_t tableSize = (flags & 0x80) != 0 ? std::size_t{6} << (flags & 7) : 0;
     const bool hasData = has(tableSize + 1);
@@ -172,10 +169,10 @@ GIFFrame GIFStructure::frame(std::size_t index) const {
   const std::uint8_t* const descriptor = this->descriptor(index);
   const std::uint8_t flags = descriptor[8];
   GIFFrame frame;
-  frame.left = wordAt(descriptor);
-  frame.top = wordAt(descriptor + 2);
-  frame.width = wordAt(descriptor + 4);
-  frame.height = wordAt(descriptor + 6);
+  frame.left = word(descriptor);
+  frame.top = word(descriptor + 2);
+  frame.width = word(descriptor + 4);
+  frame.height = word(descriptor + 6);
   frame.delay = record.delay;
   frame.transparentIndex = record.transparentIndex;
   frame.disposal = static_cast<GIFDisposal>(record.disposal);
@@ -196,22 +193,11 @@ GIFFrame GIFStructure::frame(std::size_t index) const {
   return frame;
 }
 
-GIFRect GIFStructure::visibleRect(std::size_t index) const {
-  const std::uint8_t* const descriptor = this->descriptor(index);
-  GIFRect rect{.left = std::min<std::size_t>(wordAt(descriptor), width_),
-               .top = std::min<std::size_t>(wordAt(descriptor + 2), height_),
-               .width = 0,
-               .height = 0};
-  rect.width = std::min<std::size_t>(wordAt(descriptor + 4), width_ - rect.left);
-  rect.height = std::min<std::size_t>(wordAt(descriptor + 6), height_ - rect.top);
-  return rect;
-}
-
 bool GIFStructure::coversCanvas(std::size_t index) const {
   return visibleRect(index).area() == width_ * height_;
 }
 
 std::size_t GIFStructure::pixelCount(std::size_t index) const {
   const std::uint8_t* const descriptor = this->descriptor(index);
-  return isDecodable(index) ? std::size_t{wordAt(descriptor + 4)} * wordAt(descriptor + 6) : 0;
+  return isDecodable(index) ? std::size_t{word(descriptor + 4)} * word(descriptor + 6) : 0;
 }

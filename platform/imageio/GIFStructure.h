@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -50,7 +51,14 @@ class GIFStructure {
   bool isDecodable(std::size_t index) const { return record(index).isDecodable != 0; }
   bool hasTransparency(std::size_t index) const { return record(index).hasTransparency != 0; }
   /// What of the frame is on the canvas.
-  GIFRect visibleRect(std::size_t index) const;
+  GIFRect visibleRect(std::size_t index) const {
+    const std::uint8_t* const descriptor = this->descriptor(index);
+    return visibleRect(word(descriptor), word(descriptor + 2), word(descriptor + 4),
+                       word(descriptor + 6));
+  }
+  GIFRect visibleRect(const GIFFrame& frame) const {
+    return visibleRect(frame.left, frame.top, frame.width, frame.height);
+  }
   bool coversCanvas(std::size_t index) const;
   /// Of the whole frame; 0 if it is not decodable.
   std::size_t pixelCount(std::size_t index) const;
@@ -70,6 +78,18 @@ class GIFStructure {
   };
   static constexpr std::size_t maximumDescriptorOffset = (std::size_t{1} << 35) - 1;
   static_assert(sizeof(Record) == 8);
+
+  static std::uint16_t word(const std::uint8_t* bytes) {
+    return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
+  }
+  GIFRect visibleRect(std::size_t left, std::size_t top, std::size_t width,
+                      std::size_t height) const {
+    GIFRect rect{
+        .left = std::min(left, width_), .top = std::min(top, height_), .width = 0, .height = 0};
+    rect.width = std::min(width, width_ - rect.left);
+    rect.height = std::min(height, height_ - rect.top);
+    return rect;
+  }
 
   explicit GIFStructure(std::span<const std::uint8_t> data) : data_(data) {}
 
