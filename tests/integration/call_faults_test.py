@@ -180,6 +180,15 @@ class GnomeCallsFaults(CallFaults):
                 self.assert_ends(self.phone.call("0123456"), UNKNOWN, CALLS_MAY_DIAL)
                 self.assertEqual(calls.opened, ["tel:%2331%230123456"])
 
+    def test_a_call_that_comes_in_meanwhile_is_not_taken_for_ours(self):
+        def ring(invocation):
+            calls.numbers.append("0301234567")
+            invocation.return_value(None)
+        calls = self.stand_in(StandInCalls, Open=ring)
+        self.phone.handle_links_with("org.gnome.Calls.desktop")
+        self.assert_ends(self.phone.call("0123456"), UNKNOWN, CALLS_MAY_DIAL)
+        self.assertEqual(calls.opened, ["tel:%2331%230123456"])
+
     def test_one_that_refuses_the_number_is_told(self):
         calls = self.stand_in(StandInCalls, Open="org.freedesktop.DBus.Error.InvalidArgs")
         self.phone.handle_links_with("org.gnome.Calls.desktop")
