@@ -66,6 +66,7 @@ class CallGnomeCalls(unittest.TestCase):
         self.phone.start_gnome_calls()
         result = self.phone.call("--via", "modem", "0123456")
         self.assertEqual(result.returncode, 0, result.stderr)
+        modem.wait_for("ATD#31#0123456;")
         self.assertEqual(modem.dialled(), ["ATD#31#0123456;"])
 
     def test_an_emergency_call_goes_to_the_modem_itself(self):
@@ -76,6 +77,7 @@ class CallGnomeCalls(unittest.TestCase):
         self.phone.start_gnome_calls()
         plan, code = self.phone.plan("#31#112")
         self.assertEqual((plan["line"], plan["dial"], plan["hide"], code), ("modem", "112", "no", 0))
+        modem.wait_for("ATD112;")
         self.assertEqual(modem.dialled(), ["ATD112;"])
         self.assertEqual(self.phone.calls_numbers(), [])
 

@@ -40,6 +40,7 @@ class CallModem(unittest.TestCase):
         for number in ("#31#112", "110"):
             result = self.phone.call(number)
             self.assertEqual(result.returncode, 0, result.stderr)
+        self.modem.wait_for("ATD110;")
         self.assertEqual(self.modem.dialled(), ["ATD112;", "ATD110;"])
 
     def test_the_country_is_the_networks(self):
@@ -51,6 +52,7 @@ class CallModem(unittest.TestCase):
         self.assertEqual(self.phone.call("0123456").returncode, 0)
         plan, code = self.phone.plan("0123457")
         self.assertEqual((plan["refused"], code), ("in-call", 3))
+        self.modem.wait_for("ATD#31#0123456;")
         self.assertEqual(self.modem.dialled(), ["ATD#31#0123456;"])
 
     def test_an_unreadable_settings_file_places_nothing(self):
@@ -67,6 +69,7 @@ class CallModem(unittest.TestCase):
 
     def test_the_number_can_come_from_the_input(self):
         self.assertEqual(self.phone.call("-", stdin="0123456\n").returncode, 0)
+        self.modem.wait_for("ATD#31#0123456;")
         self.assertEqual(self.modem.dialled(), ["ATD#31#0123456;"])
 
     def test_a_modem_that_is_off_is_told(self):

@@ -4,7 +4,9 @@
 #include <QGuiApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <algorithm>
 #include <functional>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -22,10 +24,14 @@ class Counter : public Subclass<Counter, NSObject> {
   void refreshed(const std::shared_ptr<CADisplayLink>& link) {
     ++count;
     time += link->duration();
+    if (refreshedHook) {
+      refreshedHook();
+    }
   }
 
   int count = 0;
   double time = 0;
+  std::function<void()> refreshedHook;
 };
 
 constexpr auto kMethods = methods<Counter>(method<&Counter::refreshed>("refreshed:"));
@@ -69,6 +75,24 @@ class WindowRefreshTest : public testing::Test {
     return static_cast<double>(time.nsecsElapsed()) * 1e-9;
   }
 
+  /// Seconds that refreshes come later after 240 of them than the rate says, as the least late of
+  /// 60 tells: what else the machine does holds some up, and none comes early.
+  double drift() {
+    constexpr int kRefreshes = 240;
+    constexpr int kCompared = 60;
+    std::vector<double> lateness;
+    QElapsedTimer time;
+    time.start();
+    counter->refreshedHook = [&] {
+      lateness.push_back(static_cast<double>(time.nsecsElapsed()) * 1e-9 -
+                         static_cast<double>(lateness.size()) / kRate);
+    };
+    EXPECT_TRUE(runUntil([&] { return lateness.size() >= kRefreshes + kCompared; }));
+    counter->refreshedHook = nullptr;
+    return *std::min_element(lateness.begin() + kRefreshes, lateness.end()) -
+           *std::min_element(lateness.begin(), lateness.begin() + kCompared);
+  }
+
   /// Refreshes that come within half a second.
   int refreshesInHalfASecond() {
     const int before = counter->count;
@@ -91,14 +115,14 @@ class WindowRefreshTest : public testing::Test {
 TEST_F(WindowRefreshTest, KeepsTheScreensRateWhereTheToolkitDrawsUnthrottled) {
   QObject::connect(&window, &QQuickWindow::afterAnimating, &window, &QQuickWindow::update);
   window.update();
-  EXPECT_NEAR(secondsFor(240), 240 / kRate, 0.03 * 240 / kRate);
+  EXPECT_NEAR(drift(), 0, 0.03 * 240 / kRate);
 }
 
 TEST_F(WindowRefreshTest, KeepsTheScreensRateWhereTheToolkitHardlyDraws) {
   const int before = drawn;
-  EXPECT_NEAR(secondsFor(240), 240 / kRate, 0.03 * 240 / kRate);
+  EXPECT_NEAR(drift(), 0, 0.03 * 240 / kRate);
   // Nothing is drawn just to keep the count.
-  EXPECT_LE(drawn - before, 12);
+  EXPECT_LE(drawn - before, 15);
 }
 
 TEST_F(WindowRefreshTest, EachRefreshLastsTheScreensInterval) {
