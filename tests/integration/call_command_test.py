@@ -165,7 +165,10 @@ class CallCommand(unittest.TestCase):
         self.assertGreaterEqual(os.stat(note).st_mtime_ns - first.st_mtime_ns, 1_000_000_000)
         with open(note, encoding="ascii") as file:
             self.assertEqual(file.read(), "\n")
+        # An emergency call neither waits nor makes others wait.
+        second = os.stat(note)
         self.assertEqual(self.phone.call("112").returncode, 0)
+        self.assertEqual(os.stat(note).st_mtime_ns, second.st_mtime_ns)
 
     def test_the_lines_for_programs(self):
         self.modems()

@@ -2,6 +2,7 @@
 dialled without the prefix or the wish."""
 
 import concurrent.futures
+import json
 import os
 import sys
 import unittest
@@ -180,6 +181,19 @@ class GnomeCallsFaults(CallFaults):
                 self.assert_ends(self.phone.call("0123456"), UNKNOWN, CALLS_MAY_DIAL)
                 self.assertEqual(calls.opened, ["tel:%2331%230123456"])
 
+    def test_where_it_fails_an_ordinary_call_goes_to_no_other_line(self):
+        modems = self.stand_in(StandInModems)
+        self.stand_in(StandInCalls, Open="org.freedesktop.DBus.Error.InvalidArgs")
+        self.phone.handle_links_with("org.gnome.Calls.desktop")
+        self.assert_ends(self.phone.call("0123456"), FAILED, "GNOME Calls does not take the number.")
+        self.assertEqual(modems.called, [])
+
+    def test_one_that_handles_no_links_gets_emergency_calls_alone(self):
+        calls = self.stand_in(StandInCalls, dials=True)
+        self.assertEqual(self.phone.plan("0123456")[1], 4)
+        self.assertEqual(self.phone.call("112").returncode, 0)
+        self.assertEqual(calls.opened, ["tel:112"])
+
     def test_a_call_that_comes_in_meanwhile_is_not_taken_for_ours(self):
         def ring(invocation):
             calls.numbers.append("0301234567")
@@ -284,8 +298,9 @@ class OfonoAnswers(CallFaults):
     def test_an_emergency_call_goes_on_where_one_line_has_gone(self):
         ofono = self.stand_in(StandInOfono, types=["hardware"])
         self.stand_in(StandInModems, CreateCall="org.freedesktop.DBus.Error.ServiceUnknown")
-        result = self.phone.call("112")
+        result = self.phone.call("--json", "112")
         self.assertEqual((result.returncode, result.stderr), (0, f"quietdial call: {GONE} Trying the next line.\n"))
+        self.assertEqual(json.loads(result.stdout)["line"], "ofono")
         self.assertEqual(ofono.called, [("/modem0", "112", "default")])
 
 
