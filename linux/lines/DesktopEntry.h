@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-/// A program as the desktop knows it (freedesktop.org's Desktop Entry Specification 1.5).
+/// A program as the desktop knows it, from its desktop entry (freedesktop.org, version 1.5).
 struct DesktopEntry {
   std::string id;    ///< "org.example.dialer.desktop".
   std::string name;  ///< As people call it, untranslated.
