@@ -38,6 +38,11 @@ QString engineHost() {
   return QUrl(QString::fromUtf8(address.data(), address.size())).host();
 }
 
+// The engine's sandbox is made of namespaces, and does not run as root.
+bool sandboxWorks() {
+  return geteuid() != 0 && canMakeUserNamespaces();
+}
+
 // Without a sandbox only pages of this machine are shown.
 bool isOnThisMachine(const HostMap& hosts) {
   const auto* address = hosts.find(engineHost().toStdString());
@@ -52,8 +57,8 @@ WebPages::WebPages(HostMap hosts, std::shared_ptr<HTTPClient> web, bool mayUseEn
 void WebPages::prepareEngine(const HostMap& hosts) {
   const QString host = engineHost();
   const auto* address = hosts.find(host.toStdString());
-  // Its sandbox does not run as root, and ends the whole program where it cannot run.
-  if (geteuid() == 0 && isOnThisMachine(hosts)) {
+  // The sandbox ends the whole program where it cannot run.
+  if (isOnThisMachine(hosts) && !sandboxWorks()) {
     qputenv(kDisableSandbox, "1");
   } else {
     qunsetenv(kDisableSandbox);
@@ -77,8 +82,7 @@ bool WebPages::canShow(const QUrl& url, const QStringList& modulePaths) {
   if (!worksHere_) {
     // What the engine tells of its start is of no use to the user.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext=false"));
-    worksHere_ = isInstalled(modulePaths) &&
-                 (geteuid() == 0 ? isOnThisMachine(hosts_) : canMakeUserNamespaces());
+    worksHere_ = isInstalled(modulePaths) && (isOnThisMachine(hosts_) || sandboxWorks());
   }
   return *worksHere_;
 }

@@ -33,7 +33,8 @@ class WebPages : public QObject, public WebViewService {
   void load(UIWebView& /*view*/) override {}
 
   /// Whether the engine may show that page, and can: it is of the catalogue's host, the engine is
-  /// installed (in one of the folders in which QML modules are looked for), and its sandbox works.
+  /// installed (in one of the folders in which QML modules are looked for), and its sandbox works
+  /// or the page is one of this machine.
   bool canShow(const QUrl& url, const QStringList& modulePaths);
 
   /// Fetches a page without the engine, in the background; `answered` is called on the main queue,
