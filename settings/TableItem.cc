@@ -119,7 +119,7 @@ void TableItem::followFocus() {
   }
 }
 
-void TableItem::rowIsGoing(const ViewItem& item) {
+void TableItem::itemIsGoing(const ViewItem& item) {
   if (current_ != &item) {
     return;
   }

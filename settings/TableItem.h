@@ -32,8 +32,8 @@ class TableItem : public ViewItem {
 
   /// The user has tapped that row.
   void tapRow(const UITableViewCell& cell);
-  /// That item of a row is about to be deleted; another may take its place.
-  void rowIsGoing(const ViewItem& item);
+  bool takesPageFocus() const override { return true; }
+  void itemIsGoing(const ViewItem& item) override;
 
   QAccessible::Role accessibleRole() const override { return QAccessible::List; }
   QString accessibleName() const override;

@@ -53,6 +53,10 @@ class ViewItem : public AccessibleItem {
   bool recognizesTaps() const;
   /// Whether taps on it are its own, so that no superview recognises them.
   virtual bool keepsTaps() const { return false; }
+  /// Whether the keyboard goes to it when it comes to the page.
+  virtual bool takesPageFocus() const { return false; }
+  /// That item, somewhere below it, is about to be deleted; another may take its place.
+  virtual void itemIsGoing(const ViewItem& /*item*/) {}
   /// The user has tapped at that place in the item.
   void recognizeTap(QPointF place);
 

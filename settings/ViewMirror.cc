@@ -22,7 +22,6 @@
 #include "platform/uikit/UIWebView.h"
 #include "settings/Appearance.h"
 #include "settings/QmlRuntime.h"
-#include "settings/TableItem.h"
 #include "settings/ViewItem.h"
 #include "settings/ViewSurface.h"
 
@@ -283,8 +282,8 @@ void ViewMirror::dropOrphans() {
     if (parent != items_.end() && parent->second->container() == orphan->parentItem()) {
       continue;  // It has come back in the meantime.
     }
-    if (auto* table = orphan->ancestor<TableItem>()) {
-      table->rowIsGoing(*orphan);
+    for (auto* above = orphan->ancestor<ViewItem>(); above; above = above->ancestor<ViewItem>()) {
+      above->itemIsGoing(*orphan);
     }
     if (view) {
       items_.erase(view);

@@ -3,18 +3,19 @@
 #include <QQmlEngine>
 
 #include "platform/uikit/UIView.h"
-#include "settings/TableItem.h"
 #include "settings/ViewItem.h"
 
 namespace {
 
-TableItem* firstTable(const QQuickItem& item) {
+// The first item that takes the keyboard for the page; null for none.
+ViewItem* pageFocusIn(const QQuickItem& item) {
   for (auto* child : item.childItems()) {
-    if (auto* table = qobject_cast<TableItem*>(child)) {
-      return table;
+    auto* view = qobject_cast<ViewItem*>(child);
+    if (view && view->takesPageFocus()) {
+      return view;
     }
-    if (auto* table = firstTable(*child)) {
-      return table;
+    if (auto* found = pageFocusIn(*child)) {
+      return found;
     }
   }
   return nullptr;
@@ -105,8 +106,8 @@ void ViewSurface::layOut() {
 }
 
 void ViewSurface::takeFocus() {
-  if (auto* table = firstTable(*this)) {
-    table->forceActiveFocus(Qt::OtherFocusReason);
+  if (auto* view = pageFocusIn(*this)) {
+    view->forceActiveFocus(Qt::OtherFocusReason);
   } else {
     forceActiveFocus(Qt::OtherFocusReason);
   }
