@@ -53,9 +53,9 @@ bool isBusyPage(const QQuickItem& item) {
 }  // namespace
 
 SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, UnsavedNotice& unsaved,
-                               WebPages& webPages, OpeningRecord& record,
-                               PictureProvider::PathResolver resolvePicture, QSize size)
-    : record_(record), mirror_(qml.engine()), view_(&qml.engine(), nullptr) {
+                               WebPages& webPages, PictureProvider::PathResolver resolvePicture,
+                               QSize size)
+    : mirror_(qml.engine()), view_(&qml.engine(), nullptr) {
   auto& engine = qml.engine();
   engine.addImageProvider(QLatin1String(PictureProvider::kName),
                           new PictureProvider(std::move(resolvePicture)));
@@ -76,7 +76,7 @@ SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, UnsavedNotice& u
   connect(&taps_, &TapListener::tapped, &mirror_, &ViewMirror::recognizeTap);
   connect(&queue_, &MainQueueHost::turned, &mirror_, &ViewMirror::scheduleCommit);
   connect(&mirror_, &ViewMirror::committed, &navigation_, &Navigation::refresh);
-  connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::pagesAreShown);
+  connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::tellPagesShown);
   connect(&view_, &QQuickWindow::frameSwapped, this, &SettingsWindow::frameShown);
   connect(&Appearance::shared(), &Appearance::changed, &mirror_, &ViewMirror::bringOverAll);
 }
@@ -154,12 +154,12 @@ void SettingsWindow::settle() {
 QImage SettingsWindow::picture() {
   settle();
   QImage image = view_.grabWindow();
-  pagesAreShown();
+  tellPagesShown();
   return image;
 }
 
-void SettingsWindow::pagesAreShown() {
-  if (record_.isOpening() && !mirror_.isPending()) {
-    record_.succeed();
+void SettingsWindow::tellPagesShown() {
+  if (!mirror_.isPending()) {
+    emit pagesShown();
   }
 }

@@ -8,7 +8,6 @@
 
 #include "settings/MainQueueHost.h"
 #include "settings/Navigation.h"
-#include "settings/OpeningRecord.h"
 #include "settings/PictureProvider.h"
 #include "settings/QmlRuntime.h"
 #include "settings/Sheets.h"
@@ -23,9 +22,9 @@ class SettingsWindow : public QObject {
   Q_OBJECT
 
  public:
-  /// `qml`, `sheets`, `unsaved`, `webPages` and `record` outlive the window.
+  /// `qml`, `sheets`, `unsaved` and `webPages` outlive the window.
   SettingsWindow(QmlRuntime& qml, Sheets& sheets, UnsavedNotice& unsaved, WebPages& webPages,
-                 OpeningRecord& record, PictureProvider::PathResolver resolvePicture, QSize size);
+                 PictureProvider::PathResolver resolvePicture, QSize size);
   ~SettingsWindow() override;
   Q_DISABLE_COPY_MOVE(SettingsWindow)
 
@@ -53,12 +52,13 @@ class SettingsWindow : public QObject {
  signals:
   /// On the screen there is what the window now shows.
   void frameShown();
+  /// A frame or a picture has shown all that the pages had to show.
+  void pagesShown();
 
  private:
   void settle();
-  void pagesAreShown();
+  void tellPagesShown();
 
-  OpeningRecord& record_;
   MainQueueHost queue_;
   ViewMirror mirror_;
   Navigation navigation_;

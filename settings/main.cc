@@ -246,9 +246,11 @@ int run(const Options& options, QmlRuntime& qml) {
   const auto record = std::make_shared<OpeningRecord>(
       root + QStringLiteral("/User/Library/Caches/Settings/Opening"));
   const auto openWindow = [&] {
-    auto window = std::make_unique<SettingsWindow>(qml, *sheets, notice, *webPages, *record,
-                                                   resolve, options.size);
+    auto window = std::make_unique<SettingsWindow>(qml, *sheets, notice, *webPages, resolve,
+                                                   options.size);
     window->follow(*refresh);
+    QObject::connect(window.get(), &SettingsWindow::pagesShown, window.get(),
+                     [record] { record->succeed(); });
     window->navigation().setAnimated(!options.isPicture());
     window->navigation().stack().pushViewControllerAnimated(
         SettingsListController::withEntries(entries, loader, record), false);
