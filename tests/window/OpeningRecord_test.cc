@@ -1,4 +1,4 @@
-#include "settings/OpeningRecord.h"
+#include "settings/bundles/OpeningRecord.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "settings/TapListener.h"
+#include "settings/window/TapListener.h"
 
 #include <QGuiApplication>
 #include <QMouseEvent>

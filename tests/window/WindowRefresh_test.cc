@@ -1,4 +1,4 @@
-#include "settings/WindowRefresh.h"
+#include "settings/services/WindowRefresh.h"
 
 #include <QElapsedTimer>
 #include <QGuiApplication>

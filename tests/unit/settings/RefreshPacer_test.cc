@@ -1,4 +1,4 @@
-#include "settings/RefreshPacer.h"
+#include "settings/services/RefreshPacer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,0 @@
-#include "settings/ActivityIndicatorItem.h"
-
-#include "platform/uikit/UIActivityIndicatorView.h"
-
-void ActivityIndicatorItem::takeOverLook() {
-  animating_ = viewAs<UIActivityIndicatorView>()->isAnimating();
-}
