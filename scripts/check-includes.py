@@ -30,8 +30,8 @@ ALLOWED = {
 # What every framework may use.
 SERVICES = {"platform/api.h", "platform/services.h"}
 # What every program on the window may use.
-WINDOW = {"settings/" + room for room in ("accessibility", "appearance", "bundles", "items", "mirror", "navigation",
-                                          "pictures", "qml", "services", "sheets", "window")}
+WINDOW = {"settings/" + room for room in ("accessibility", "appearance", "bundles", "items", "messages", "mirror",
+                                          "navigation", "pictures", "qml", "services", "sheets", "start", "window")}
 
 # room -> what of its own folder and of those that only some rooms use it may include, besides itself
 ROOMS = {
@@ -48,19 +48,21 @@ ROOMS = {
     "platform/social": SERVICES | {"platform/foundation", "platform/uikit"},
     "platform/makers": SERVICES | {"platform/foundation", "platform/preferences", "platform/uikit"},
     "settings/accessibility": set(),
-    "settings/appearance": set(),
+    "settings/messages": set(),
+    "settings/appearance": {"settings/messages"},
     "settings/pictures": set(),
     "settings/qml": set(),
-    "settings/bundles": {"linux"},
-    "settings/sheets": {"linux"},
+    "settings/sheets": {"linux", "settings/messages"},
     "settings/services": {"linux", "settings/appearance", "tools"},
-    "settings/mirror": {"settings/accessibility", "settings/appearance", "settings/qml"},
+    "settings/mirror": {"settings/accessibility", "settings/appearance", "settings/messages", "settings/qml"},
     "settings/items": {"linux", "settings/accessibility", "settings/appearance", "settings/mirror", "settings/pictures",
                        "settings/services"},
     "settings/navigation": {"settings/mirror", "settings/pictures"},
-    "settings/window": WINDOW - {"settings/bundles", "settings/window"} | {"core", "linux"},
+    "settings/window": WINDOW - {"settings/bundles", "settings/start", "settings/window"} | {"core", "linux"},
+    "settings/start": WINDOW - {"settings/bundles", "settings/start"} | {"linux", "tools"},
+    "settings/bundles": {"linux", "settings/messages", "settings/start", "settings/window"},
     "settings/tour": WINDOW | {"headless", "linux"},
-    "settings/program": WINDOW | {"headless", "linux", "settings/tour", "tools"},
+    "settings/program": WINDOW | {"linux"},
 }
 # Folders that every room of a folder may include.
 SHARED = {"settings": {"platform"}, "platform": set()}

@@ -5,9 +5,11 @@
 #include <QString>
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <string>
 
 #include <fontconfig/fontconfig.h>
+
+#include "settings/messages/complain.h"
 
 namespace {
 
@@ -31,10 +33,8 @@ void system_font::load() {
         QFontDatabase::addApplicationFont(QString::fromLatin1(kFolder) + QString::fromLatin1(file));
     const QStringList families = QFontDatabase::applicationFontFamilies(id);
     if (families.isEmpty()) {
-      std::fprintf(stderr,
-                   "quietdial-settings: %s%s cannot be loaded (package fonts-inter); texts are "
-                   "shown in the system's own font\n",
-                   kFolder, file);
+      complain(std::string(kFolder) + file +
+               " cannot be loaded (package fonts-inter); texts are shown in the system's own font");
       family() = QGuiApplication::font().family();
       return;
     }

@@ -1,8 +1,9 @@
 #include "settings/bundles/BundleEntry.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
+
+#include "settings/messages/complain.h"
 
 namespace {
 
@@ -52,10 +53,7 @@ std::vector<BundleEntry> readBundleEntries(const std::set<std::string>& names,
     const auto module = textOf(*file, "module");
     const auto detail = textOf(*file, "detail");
     if (!label || label->empty() || !module || !isFileName(*module) || !detail) {
-      std::fprintf(stderr,
-                   "quietdial-settings: %s/Entry.plist needs the texts label, module (a file name) "
-                   "and detail\n",
-                   bundlePath.c_str());
+      complain(bundlePath + "/Entry.plist needs the texts label, module (a file name) and detail");
       continue;
     }
     const auto icon = textOf(*file, "icon");

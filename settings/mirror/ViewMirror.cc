@@ -6,7 +6,6 @@
 #include <QString>
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <utility>
 
@@ -21,6 +20,7 @@
 #include "platform/uikit/UITextField.h"
 #include "platform/uikit/UIWebView.h"
 #include "settings/appearance/Appearance.h"
+#include "settings/messages/complain.h"
 #include "settings/mirror/ViewItem.h"
 #include "settings/mirror/ViewSurface.h"
 #include "settings/qml/QmlRuntime.h"
@@ -106,7 +106,7 @@ ViewItem& ViewMirror::itemFor(UIView& view) {
   auto* item = qobject_cast<ViewItem*>(component.beginCreate(engine_.rootContext()));
   if (!item) {
     // The types are part of the program; without them nothing can be shown at all.
-    std::fprintf(stderr, "quietdial-settings: %s", qPrintable(component.errorString()));
+    complain(component.errorString().trimmed().toStdString());
     std::exit(EXIT_FAILURE);
   }
   item->attach(view, *this);

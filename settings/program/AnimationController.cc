@@ -1,12 +1,19 @@
 #include "settings/program/AnimationController.h"
 
 #include <algorithm>
+#include <filesystem>
 
+#include "linux/readFile.h"
+#include "platform/foundation/NSData.h"
 #include "platform/foundation/Subclass.h"
+#include "settings/bundles/InstalledBundles.h"
 
 constexpr ClassOf<AnimationController> AnimationController::classObject{"AnimationController"};
 
 namespace {
+
+// As much as is played of a file that the terminal program describes.
+constexpr std::size_t kMostFileBytes = std::size_t{256} << 20;
 
 // Keeps its one subview in the middle.
 class Stage : public Subclass<Stage, UIView> {
@@ -46,15 +53,23 @@ std::shared_ptr<UIImageView> makePlayer(const std::shared_ptr<NSData>& data) {
 
 }  // namespace
 
-std::shared_ptr<AnimationController> AnimationController::withData(
-    const std::shared_ptr<NSData>& data, const std::string& title) {
-  auto player = makePlayer(data);
+std::shared_ptr<AnimationController> AnimationController::withFile(const std::string& file,
+                                                                   const InstalledBundles& bundles,
+                                                                   std::string& fault) {
+  const auto contents = readFile(AT_FDCWD, file, kMostFileBytes);
+  if (contents.outcome != FileContents::Outcome::kRead) {
+    fault = file + " cannot be read.";
+    return nullptr;
+  }
+  bundles.load();
+  auto player = makePlayer(NSData::dataWithBytes({contents.bytes.begin(), contents.bytes.end()}));
   if (!player) {
+    fault = file + " is no animated picture that can be played.";
     return nullptr;
   }
   auto page = allocInit<AnimationController>();
   page->player_ = std::move(player);
-  page->setTitle(title);
+  page->setTitle(std::filesystem::path(file).filename().string());
   return page;
 }
 

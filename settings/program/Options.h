@@ -1,45 +1,27 @@
 #pragma once
 
-#include <QSize>
-#include <QString>
-#include <QStringList>
+#include <optional>
 #include <string>
 
-#include "linux/HostMap.h"
-#include "platform/uikit/UIApplication.h"
-#include "settings/appearance/Appearance.h"
+#include "settings/bundles/BundleOptions.h"
+#include "settings/start/StartOptions.h"
 
-/// What the command line asks for.
+/// What the command line asks of the Settings application.
 struct Options {
-  enum class Ask { Run, Help, Version, Error };
-  enum class Renderer { Software, Gpu };
-  enum class Effects { Real, None };
+  StartOptions start;
+  BundleOptions bundles;
+  std::string pane;        // class name; empty for none
+  std::string gif;         // file; empty for none
+  std::string screenshot;  // file; empty for a window
+  bool hasEffects = true;  // false for pictures
 
-  Ask ask = Ask::Run;
-  QString message;  // the help text, or what is wrong
+  Options() = default;
+  Options(const Options&) = delete;
+  Options& operator=(const Options&) = delete;
+  Options(Options&&) = delete;
+  Options& operator=(Options&&) = delete;
+  ~Options() = default;
 
-  QString root;
-  QString bundle;
-  QString pane;
-  QString entryBadge;
-  bool hasEntryBadge = false;
-  QSize size{375, 667};
-  double scale = 0;        // 0: the screen's
-  double refreshRate = 0;  // 0: the screen's
-  QString gif;
-  QString screenshot;
-  QString tour;
-  Renderer renderer = Renderer::Software;
-  HostMap hosts;
-  bool webEngine = true;
-  bool allowRoot = false;
-  Effects effects = Effects::Real;  // None for pictures
-  Appearance::Scheme scheme = Appearance::Scheme::System;
-  Appearance::Motion motion = Appearance::Motion::System;
-  Appearance::Direction direction = Appearance::Direction::System;
-  UIContentSizeCategory textSize = UIContentSizeCategory::kLarge;
-
-  bool isPicture() const { return !screenshot.isEmpty() || !tour.isEmpty(); }
-
-  static Options parse(const QStringList& arguments);
+  /// Nothing when the program is to go on, else the status that it ends with; all is said by then.
+  std::optional<int> parse(int count, const char* const* values);
 };

@@ -1,9 +1,8 @@
 #include "settings/sheets/Sheets.h"
 
-#include <cstdio>
-
 #include "platform/foundation/MainQueue.h"
 #include "platform/social/SLComposeViewController.h"
+#include "settings/messages/complain.h"
 
 void Sheets::cancel() {
   if (alert()) {
@@ -36,9 +35,8 @@ void Sheets::present(UIViewController& /*presenter*/,
     emit changed();
     return;
   }
-  std::fprintf(stderr, "quietdial-settings: a sheet of the class %.*s cannot be shown\n",
-               static_cast<int>(sheet->classDescription().name.size()),
-               sheet->classDescription().name.data());
+  complain("a sheet of the class " + std::string(sheet->classDescription().name) +
+           " cannot be shown");
   MainQueue::shared().async([sheet] { sheet->dismissViewControllerAnimatedCompletion(false, {}); });
 }
 

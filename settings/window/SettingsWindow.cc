@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QQuickItem>
 #include <QResizeEvent>
 #include <algorithm>
@@ -61,7 +62,7 @@ SettingsWindow::SettingsWindow(QmlRuntime& qml, Sheets& sheets, UnsavedNotice& u
                           new PictureProvider(std::move(resolvePicture)));
   engine.setProperty("viewMirror", QVariant::fromValue(&mirror_));
   engine.setProperty("webPages", QVariant::fromValue(&webPages));
-  view_.setTitle(QStringLiteral("Settings"));
+  view_.setTitle(QGuiApplication::applicationDisplayName());
   view_.setResizeMode(QQuickView::SizeRootObjectToView);
   view_.resize(size);
   view_.setInitialProperties({{QStringLiteral("navigation"), QVariant::fromValue(&navigation_)},

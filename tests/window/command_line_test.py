@@ -6,6 +6,7 @@ import tempfile
 import unittest
 
 import program
+from picture import Picture
 
 
 class CommandLine(unittest.TestCase):
@@ -25,7 +26,7 @@ class CommandLine(unittest.TestCase):
                           ["--bundle", "/no/such.bundle"],
                           ["--screenshot", ""], ["--root", ""], ["--gif", ""],
                           ["--refresh-rate", "0"], ["--refresh-rate", "fast"],
-                          ["--screenshot", "a", "--tour", "b"]):
+                          ["--scale", "2x"], ["--map-host", "a=b"], ["--pane"]):
             with self.subTest(arguments=arguments):
                 self.refuses(*arguments)
 
@@ -33,7 +34,7 @@ class CommandLine(unittest.TestCase):
         result = program.run("--help")
         self.assertEqual(result.returncode, 0)
         for option in ("root", "bundle", "pane", "entry-badge", "size", "scale", "screenshot",
-                       "tour", "renderer", "appearance", "text-size", "motion", "direction",
+                       "renderer", "appearance", "text-size", "motion", "direction",
                        "effects", "gif", "refresh-rate", "allow-root", "help", "version"):
             self.assertIn("--" + option, result.stdout)
 
@@ -67,6 +68,29 @@ class CommandLine(unittest.TestCase):
             result = subprocess.run([*command, "--allow-root"], capture_output=True, text=True, check=False)
             self.assertEqual((result.returncode, result.stderr), (0, ""))
             self.assertTrue(os.path.exists(picture))
+
+    def test_of_an_option_that_is_given_again_the_last_one_counts(self):
+        with tempfile.TemporaryDirectory() as folder:
+            picture = os.path.join(folder, "picture.png")
+            result = program.run("--root", "/nowhere", "--size", "400x400", "--root=" + folder, "--size=320x568",
+                                 "--screenshot", picture)
+            self.assertEqual((result.returncode, result.stderr), (0, ""))
+            self.assertEqual((Picture(picture).width, Picture(picture).height), (320, 568))
+
+    def test_the_tour_has_arguments_of_its_own(self):
+        for arguments in ([], [""], ["--bogus", "a"], ["--size", "tall", "a"], ["a", "b"], ["--pane", "A", "a"]):
+            with self.subTest(arguments=arguments):
+                result = program.tour(*arguments)
+                self.assertEqual((result.returncode, result.stdout), (2, ""))
+                self.assertRegex(result.stderr, r"^quietdial-tour: [^\n]+\n$")
+        with tempfile.NamedTemporaryFile() as file:
+            result = program.tour(file.name)
+            self.assertEqual(result.returncode, 1)
+            self.assertEqual(result.stderr, f"quietdial-tour: The folder {file.name} cannot be made.\n")
+        self.assertRegex(program.tour("--version").stdout, r"^quietdial-tour \d+\.\d+\.\d+\n$")
+        for option in ("root", "bundle", "entry-badge", "size", "scale", "renderer", "direction", "map-host",
+                       "no-web-engine", "allow-root"):
+            self.assertIn("--" + option, program.tour("--help").stdout)
 
     def test_version_is_one_line(self):
         result = program.run("--version")

@@ -160,7 +160,7 @@ class Pictures(unittest.TestCase):
 
     def test_the_tour_shows_every_page_whole_in_every_look(self):
         tour = os.path.join(self.folder, "tour")
-        result = program.run("--tour", tour, "--size", "320x568")
+        result = program.tour(tour, "--size", "320x568")
         self.assertEqual(result.returncode, 0, result.stderr)
         with open(os.path.join(tour, "index.html"), encoding="utf-8") as file:
             index = file.read()
@@ -191,7 +191,7 @@ class Pictures(unittest.TestCase):
     def test_the_tour_shows_what_stands_above_the_pages(self):
         tour = os.path.join(self.folder, "tour")
         # The web engine talks of itself on standard error.
-        result = program.run("--tour", tour, "--size", "320x568", "--no-web-engine")
+        result = program.tour(tour, "--size", "320x568", "--no-web-engine")
         self.assertEqual((result.returncode, result.stderr), (0, ""))
         pictures = {name.split("-", 1)[1]: Picture(os.path.join(tour, name))
                     for name in os.listdir(tour) if name.endswith("320-light-text.png")}
@@ -259,7 +259,7 @@ class Pictures(unittest.TestCase):
     def test_a_tour_without_a_root_leaves_the_users_settings_alone(self):
         home = os.path.join(self.folder, "home")
         os.mkdir(home)
-        result = program.run("--tour", os.path.join(self.folder, "tour"), HOME=home,
+        result = program.tour(os.path.join(self.folder, "tour"), HOME=home,
                              XDG_DATA_HOME=os.path.join(home, "data"))
         self.assertEqual(result.returncode, 0, result.stderr)
         self.assertFalse(os.path.exists(os.path.join(home, "data", "quietdial")))

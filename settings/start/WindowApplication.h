@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "settings/qml/QmlRuntime.h"
+#include "settings/start/StartOptions.h"
+
+class DesktopPreferences;
+class QGuiApplication;
+
+/// The toolkit, started for a program with a window: fonts, QML types, accessibility, and how
+/// things look and move. One for the process, made before anything else of the toolkit; main
+/// thread.
+class WindowApplication {
+ public:
+  struct Names {
+    const char* program;         ///< As on the command line.
+    const char* title;           ///< For people.
+    const char* withoutDisplay;  ///< A sentence on what can be done where there is no display.
+  };
+
+  /// Ends the program, with a sentence, where no window can be opened.
+  WindowApplication(const StartOptions& options, const Names& names, char** values);
+  ~WindowApplication();
+  Q_DISABLE_COPY_MOVE(WindowApplication)
+
+  QmlRuntime& qml() { return *qml_; }
+
+ private:
+  void start(char** values);
+  void takeLook(const StartOptions& options);
+
+  int count_ = 1;  // the arguments are the program's own
+  std::unique_ptr<QGuiApplication> application_;
+  std::unique_ptr<QmlRuntime> qml_;
+  std::unique_ptr<DesktopPreferences> desktop_;
+};
