@@ -1,12 +1,18 @@
 """A `quietdial drive` process for tests: requests go in, replies come out, in step."""
 
+import contextlib
 import json
 import os
+import select
 import subprocess
 
 SETTINGS = "/User/Library/Preferences/me.orlanvey.quietDial.plist"
 CHANGED = "me.orlanvey.quietDial/PreferencesChanged"
 APPLIED = "me.orlanvey.quietdial/prefsChanged"
+
+
+# How long a reply may take, or the end: longer than any fetch.
+PATIENCE = 90
 
 
 def program() -> str:
@@ -26,14 +32,24 @@ class Drive:
         return self
 
     def __exit__(self, *_):
-        self.process.stdin.close()
-        self.process.wait(timeout=60)
-        self.process.stdout.close()
+        with contextlib.suppress(BrokenPipeError):
+            self.process.stdin.close()
+        try:
+            self.process.wait(timeout=PATIENCE)
+        finally:
+            # One that is left behind would keep the test's output open.
+            self.process.kill()
+            self.process.wait()
+            self.process.stdout.close()
 
     def line(self, text: str) -> dict:
         """Sends a line as it stands and gives the reply."""
         self.process.stdin.write(text + "\n")
         self.process.stdin.flush()
+        # In step: nothing of an earlier reply is left in the buffer.
+        if not select.select([self.process.stdout], [], [], PATIENCE)[0]:
+            self.process.kill()
+            raise AssertionError("no reply to " + text)
         return json.loads(self.process.stdout.readline())
 
     def ask(self, do: str, **fields) -> dict:
