@@ -38,4 +38,26 @@ TEST(GIFMemory, PlayingAFrameTakesAPictureAndALoan) {
   EXPECT_LT(allocationmeter::total(), (picture + loan) * frameCount);
 }
 
+TEST(GIFMemory, AFrameThatCannotRememberWhatItCoversIsNotDrawnUntilItCan) {
+  constexpr unsigned side = 64;
+  constexpr unsigned cover = 32;
+  GIFBuilder gif = pictures::screen(side, side);
+  gif.image({.width = side, .height = side}, 2, std::vector<std::uint8_t>(side * side, 1));
+  gif.control({.disposal = 3});
+  gif.image({.left = 8, .top = 8, .width = cover, .height = cover}, 2,
+            std::vector<std::uint8_t>(cover * cover, 2));
+  pictures::draw(gif, 0, 0, "R");
+  const auto data = gif.trailer().data();
+  const auto expected = pictures::frames(data);
+
+  const auto source = CGImageSource::createWithData(data);
+  source->createImageAtIndex(0)->pixels();
+  {
+    const allocationmeter::Limit limit(cover * cover * sizeof(std::uint32_t) - 1);
+    EXPECT_EQ(source->createImageAtIndex(1)->pixels(), nullptr);
+  }
+  EXPECT_EQ(pictures::text(source->createImageAtIndex(1)), expected[1]);
+  EXPECT_EQ(pictures::text(source->createImageAtIndex(2)), expected[2]);
+}
+
 }  // namespace
