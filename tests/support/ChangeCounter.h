@@ -15,3 +15,11 @@ class ChangeCounter : public UIViewObserver {
 
   int changes = 0;
 };
+
+/// How many changes of views the host is told of while that runs.
+template <class Action>
+int changesDuring(const Action& action) {
+  const ChangeCounter counter;
+  action();
+  return counter.changes;
+}

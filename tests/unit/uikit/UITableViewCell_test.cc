@@ -59,16 +59,11 @@ TEST_F(CellTest, NothingGetsANegativeWidthInAVeryNarrowRow) {
 
 TEST_F(CellTest, WhatIsDrawnOfACellIsDrawnAnewWhenItChanges) {
   const auto cell = laidOut("Title", "Value", 320, UITableViewCellAccessoryType::kNone);
-  const auto changesAfter = [](const auto& set) {
-    const ChangeCounter counter;
-    set();
-    return counter.changes;
-  };
-  EXPECT_GT(changesAfter([&] { cell->setSeparatorInset({1, 2, 3, 4}); }), 0);
-  EXPECT_GT(changesAfter([&] { cell->setLayoutMargins({1, 2, 3, 4}); }), 0);
-  EXPECT_GT(changesAfter([&] { cell->setPreservesSuperviewLayoutMargins(false); }), 0);
-  EXPECT_GT(changesAfter([&] { cell->setPosition(UITableViewCellPosition::kLast); }), 0);
-  EXPECT_EQ(changesAfter([&] { cell->setPosition(UITableViewCellPosition::kLast); }), 0);
+  EXPECT_GT(changesDuring([&] { cell->setSeparatorInset({1, 2, 3, 4}); }), 0);
+  EXPECT_GT(changesDuring([&] { cell->setLayoutMargins({1, 2, 3, 4}); }), 0);
+  EXPECT_GT(changesDuring([&] { cell->setPreservesSuperviewLayoutMargins(false); }), 0);
+  EXPECT_GT(changesDuring([&] { cell->setPosition(UITableViewCellPosition::kLast); }), 0);
+  EXPECT_EQ(changesDuring([&] { cell->setPosition(UITableViewCellPosition::kLast); }), 0);
 }
 
 class LargeTextTest : public CellTest {
