@@ -1,9 +1,12 @@
 #include "linux/DesktopAddressOpener.h"
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -39,6 +42,28 @@ class Desktop : public testing::Test {
     chmod((folder_ / name).c_str(), 0755);
   }
 
+  // A pipe in the folder that the programs know.
+  FileDescriptor pipe(const std::string& name) {
+    EXPECT_EQ(mkfifo((folder_ / name).c_str(), 0600), 0);
+    return FileDescriptor(open((folder_ / name).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  }
+
+  // All that is written to it until those who write have gone.
+  static std::string allOf(const FileDescriptor& pipe) {
+    constexpr int patience = 30'000;  // ms, for one who writes nothing
+    std::string bytes;
+    for (pollfd waiting{pipe.get(), POLLIN, 0}; poll(&waiting, 1, patience) > 0;) {
+      std::array<char, 4096> piece{};
+      const auto count = read(pipe.get(), piece.data(), piece.size());
+      if (count == 0) {
+        return bytes;
+      }
+      bytes.append(piece.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    }
+    ADD_FAILURE() << "Nobody wrote, or did not end: " << bytes;
+    return bytes;
+  }
+
   TemporaryFolder folder_;
   DesktopAddressOpener opener_;
 };
@@ -68,11 +93,11 @@ TEST_F(Desktop, WithoutItsProgramsNothingCanBeOpened) {
 }
 
 TEST_F(Desktop, AnAddressIsOneArgumentAndNoShellCommand) {
-  ASSERT_EQ(mkfifo((folder_ / "opened").c_str(), 0600), 0);
+  const auto opened = pipe("opened");
   program("xdg-open", "printf '%s|%s' \"$#\" \"$1\" >\"$DESKTOP/opened\"\n");
   const std::string url = "known:$(touch%20x);`id`'\"&a=1";
   opener_.open(url);
-  EXPECT_EQ(bytesOf(folder_ / "opened"), "1|" + url);  // waits for the program
+  EXPECT_EQ(allOf(opened), "1|" + url);
 }
 
 TEST_F(Desktop, AProgramHasTheEnvironmentOfThisProgramsStart) {
@@ -82,10 +107,10 @@ TEST_F(Desktop, AProgramHasTheEnvironmentOfThisProgramsStart) {
   StartEnvironment::shared();
   ::setenv("QUIETDIAL_LATER", "1", 1);
   ::setenv("QUIETDIAL_KEPT", "c", 1);
-  ASSERT_EQ(mkfifo((folder_ / "opened").c_str(), 0600), 0);
+  const auto opened = pipe("opened");
   program("xdg-open", "env >\"$DESKTOP/opened\"\n");
   opener_.open("known:x");
-  const auto environment = "\n" + bytesOf(folder_ / "opened");
+  const auto environment = "\n" + allOf(opened);
   EXPECT_THAT(environment, HasSubstr("\nQUIETDIAL_KEPT=a=b\n"));
   EXPECT_THAT(environment, HasSubstr("\nDESKTOP=" + folder_.path().string() + "\n"));
   EXPECT_THAT(environment, Not(HasSubstr("QUIETDIAL_LATER")));
@@ -97,7 +122,7 @@ TEST_F(Desktop, AProgramGetsNothingThatIsOpenHereAndDiesOfABrokenPipe) {
   const FileDescriptor low(open("/dev/null", O_RDONLY));
   const FileDescriptor high(fcntl(low.get(), F_DUPFD, 200));
   std::signal(SIGPIPE, SIG_IGN);
-  ASSERT_EQ(mkfifo((folder_ / "opened").c_str(), 0600), 0);
+  const auto opened = pipe("opened");
   program("xdg-open",
           "exec >\"$DESKTOP/opened\"\n"
           "sh -c 'for number in $(seq 0 255); do"
@@ -105,7 +130,7 @@ TEST_F(Desktop, AProgramGetsNothingThatIsOpenHereAndDiesOfABrokenPipe) {
           "kill -PIPE $$\n"
           "echo survived\n");
   opener_.open("known:x");
-  EXPECT_EQ(bytesOf(folder_ / "opened"), "0\n1\n2\n");
+  EXPECT_EQ(allOf(opened), "0\n1\n2\n");
 }
 
 TEST_F(Desktop, ProgramsAreLookedUpInAbsoluteFoldersAlone) {
