@@ -135,4 +135,8 @@ TEST_F(FieldCellTest, TheFieldRunsFromInsetToInsetOrFromTheTitlesEnd) {
   EXPECT_EQ(field.origin.x + field.size.width, 305);
 }
 
+TEST_F(FieldCellTest, ATitleThatNeedsAllOfTheRowHasIt) {
+  EXPECT_EQ(fieldCell(std::string(100, 'm').c_str())->textLabel()->frame().size.width, 290);
+}
+
 }  // namespace
