@@ -197,6 +197,13 @@ TEST_F(LowMemoryWatchTest, WithoutAnySourceItEndsQuietly) {
   EXPECT_EQ(warnings, 0);
 }
 
+TEST_F(LowMemoryWatchTest, AFileThatTakesTheWholeTriggerIsASource) {
+  const TemporaryFolder folder;
+  writeBytes(folder / "memory", "");
+  EXPECT_NE(MemoryPressureFile::open((folder / "memory").string()), nullptr);
+  EXPECT_EQ(bytesOf(folder / "memory"), std::string(MemoryPressureFile::kTrigger) + '\0');
+}
+
 TEST_F(LowMemoryWatchTest, AFileThatCannotBeAskedIsNoSource) {
   const TemporaryFolder folder;
   EXPECT_EQ(MemoryPressureFile::open((folder / "none").string()), nullptr);
@@ -219,6 +226,17 @@ TEST_F(LowMemoryWatchTest, EveryLevelOfTheMonitorsSignalIsAWarning) {
   EXPECT_TRUE(waitForWarnings(1));
   monitor.warn(255);
   EXPECT_TRUE(waitForWarnings(2));
+}
+
+TEST_F(LowMemoryWatchTest, TheSystemsMonitorComesBeforeTheKernelsFile) {
+  const PrivateBus bus;
+  setenv("DBUS_SYSTEM_BUS_ADDRESS", getenv("DBUS_SESSION_BUS_ADDRESS"), 1);
+  const Monitor monitor;
+  const auto sources = LowMemoryWatch::systemSources();
+  ASSERT_EQ(sources.size(), 2U);
+  EXPECT_NE(dynamic_cast<LowMemoryMonitorSignal*>(sources[0]().get()), nullptr);
+  const auto file = sources[1]();
+  EXPECT_TRUE(!file || dynamic_cast<MemoryPressureFile*>(file.get()));
 }
 
 TEST_F(LowMemoryWatchTest, ABusWithoutAMonitorIsNoSource) {

@@ -141,6 +141,7 @@ TEST_F(Desktop, ProgramsAreLookedUpInAbsoluteFoldersAlone) {
   EXPECT_EQ(findProgram("xdg-open"), std::nullopt);
   EXPECT_FALSE(opener_.canOpen("known:x"));
   EXPECT_FALSE(startDesktopProgram({"xdg-open"}));
+  EXPECT_TRUE(startDesktopProgram({(folder_ / "xdg-mime").string()}));
   EXPECT_FALSE(std::filesystem::exists(folder_ / "asked"));
 }
 
