@@ -70,21 +70,14 @@ def candidates(clone, options, results):
 
 
 def plan(ordered, wanted, results):
-    """Yields the changes to make: from the group that is furthest behind, until each has enough that compile."""
-    left = {group: iter(changes) for group, changes in ordered.items()}
-    counts = {group: wanted.get(group, 0) if wanted else len(ordered[group]) for group in GROUPS}
-    done = dict.fromkeys(GROUPS, 0)
-    while True:
-        behind = [group for group in GROUPS if done[group] < counts[group]]
-        if not behind:
-            return
-        group = min(behind, key=lambda name: done[name] / counts[name])
-        change = next(left[group], None)
-        if change is None:
-            counts[group] = done[group]
-            continue
-        yield change
-        done[group] += results.result(change) != UNBUILT
+    """Yields the changes to make, group after group, of each until it has enough that compile."""
+    for group, changes in ordered.items():
+        left = wanted.get(group, 0) if wanted else len(changes)
+        for change in changes:
+            if left == 0:
+                break
+            yield change
+            left -= results.result(change) != UNBUILT
 
 
 def say(text):
