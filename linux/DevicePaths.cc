@@ -70,10 +70,7 @@ std::string DevicePaths::installedLibrary() {
   std::error_code error;
   const auto prefix =
       std::filesystem::read_symlink("/proc/self/exe", error).parent_path().parent_path();
-  const auto built = prefix / "Library";
-  return std::filesystem::is_directory(built, error)
-             ? built.string()
-             : (prefix / "share" / "quietdial" / "Library").string();
+  return (prefix / "lib" / "quietdial" / "Library").string();
 }
 
 std::optional<std::string> DevicePaths::forReading(const std::string& devicePath) const {

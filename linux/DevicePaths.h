@@ -18,8 +18,8 @@ class DevicePaths {
   /// $XDG_DATA_HOME/quietdial, or .local/share/quietdial in the home folder.
   static std::string defaultRoot();
 
-  /// The Library folder that goes with the running program: ../Library beside it in a build tree,
-  /// else ../share/quietdial/Library.
+  /// The Library folder that goes with the running program: ../lib/quietdial/Library from its own,
+  /// in a build tree as when installed.
   static std::string installedLibrary();
 
   const std::string& root() const { return root_; }

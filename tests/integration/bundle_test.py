@@ -44,12 +44,13 @@ class Bundle(unittest.TestCase):
         self.assertIn("Of the device root", [row["title"] for row in listed["rows"]])
 
     def test_a_module_that_others_may_write_is_not_opened(self):
-        for name in ("bin", "lib"):
-            os.makedirs(os.path.join(self.folder, name))
-        program = shutil.copy(QUIETDIAL, os.path.join(self.folder, "bin"))
-        library = os.path.join(os.path.dirname(QUIETDIAL), "..", "lib", "libquietdial-platform.so")
-        shutil.copy(library, os.path.join(self.folder, "lib"))
-        bundle = shutil.copytree(os.path.dirname(MODULE), os.path.join(self.folder, BUNDLE))
+        own, private = os.path.join(self.folder, "bin"), os.path.join("lib", "quietdial")
+        os.makedirs(own)
+        os.makedirs(os.path.join(self.folder, private))
+        program = shutil.copy(QUIETDIAL, own)
+        library = os.path.join(os.path.dirname(QUIETDIAL), "..", private, "libquietdial-platform.so")
+        shutil.copy(library, os.path.join(self.folder, private))
+        bundle = shutil.copytree(os.path.dirname(MODULE), os.path.join(self.folder, private, BUNDLE))
         module = os.path.join(bundle, os.path.basename(MODULE))
         (opened, _), said = drive(self.root, program)
         self.assertEqual((opened["ok"], said), (True, ""))

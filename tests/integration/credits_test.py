@@ -91,7 +91,7 @@ class Credits(unittest.TestCase):
     def test_every_library_that_is_linked_is_credited_with_its_licence(self):
         beginnings = tuple(name for item in credits() for name in item.get("libraries", []))
         build = os.path.dirname(os.path.dirname(program()))
-        files = [*glob.glob(build + "/bin/quietdial*"), *glob.glob(build + "/lib/*.so*"),
+        files = [*glob.glob(build + "/bin/quietdial*"), *glob.glob(build + "/lib/quietdial/*.so*"),
                  os.environ["QUIETDIAL_MODULE"]]
         linked = set()
         for file in files:
