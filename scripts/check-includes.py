@@ -57,7 +57,7 @@ ROOMS = {
     "settings/mirror": {"settings/accessibility", "settings/appearance", "settings/messages", "settings/qml"},
     "settings/items": {"linux", "settings/accessibility", "settings/appearance", "settings/mirror", "settings/pictures",
                        "settings/services"},
-    "settings/navigation": {"settings/mirror", "settings/pictures"},
+    "settings/navigation": {"settings/appearance", "settings/mirror", "settings/pictures"},
     "settings/window": WINDOW - {"settings/bundles", "settings/start", "settings/window"} | {"core", "linux"},
     "settings/start": WINDOW - {"settings/bundles", "settings/start"} | {"linux", "tools"},
     "settings/bundles": {"linux", "settings/messages", "settings/start", "settings/window"},

@@ -11,24 +11,25 @@ QColor asGiven(const UIColor& color) {
                           static_cast<float>(color.blue), static_cast<float>(color.alpha));
 }
 
-// The system's colours in dark surroundings.
-QColor inTheDark(const UIColor& color) {
-  switch (color.system) {
+// Null for a colour that is not the system's.
+const palette::Shades* shadesOf(UISystemColor color) {
+  switch (color) {
     case UISystemColor::kLabel:
-      return {255, 255, 255};
+      return &palette::kText;
     case UISystemColor::kSecondaryLabel:
+      return &palette::kSecondaryText;
     case UISystemColor::kHeaderLabel:
-      return {152, 152, 159};
+      return &palette::kHeaderText;
     case UISystemColor::kRowBackground:
-      return {28, 28, 30};
+      return &palette::kRow;
     case UISystemColor::kTint:
-      return {10, 132, 255};
+      return &palette::kTint;
     case UISystemColor::kRed:
-      return {255, 69, 58};
+      return &palette::kRed;
     case UISystemColor::kNone:
       break;
   }
-  return asGiven(color);
+  return nullptr;
 }
 
 }  // namespace
@@ -84,5 +85,10 @@ void Appearance::setDesktopReducesMotion(bool reduces) {
 }
 
 QColor Appearance::shown(const UIColor& color) const {
-  return isDark() ? inTheDark(color) : asGiven(color);
+  const auto* shades = shadesOf(color.system);
+  return shades ? shown(*shades) : asGiven(color);
+}
+
+QColor Appearance::shown(const palette::Shades& shades) const {
+  return QColor::fromRgba(isDark() ? shades.dark : shades.light);
 }

@@ -5,6 +5,7 @@
 #include <qqmlintegration.h>
 
 #include "platform/uikit/UIColor.h"
+#include "settings/appearance/palette.h"
 
 class QJSEngine;
 class QQmlEngine;
@@ -45,6 +46,7 @@ class Appearance : public QObject {
 
   /// The colour as it is shown now: the system's own colours by the scheme, any other as it is.
   QColor shown(const UIColor& color) const;
+  QColor shown(const palette::Shades& shades) const;
 
  signals:
   void changed();

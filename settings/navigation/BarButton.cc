@@ -4,8 +4,7 @@
 #include <QSizeF>
 
 #include "platform/uikit/UIBarButtonItem.h"
-#include "platform/uikit/metrics.h"
-#include "settings/mirror/ViewItem.h"
+#include "settings/appearance/Theme.h"
 #include "settings/pictures/PictureProvider.h"
 
 namespace {
@@ -24,8 +23,7 @@ QString nameOf(const UIBarButtonItem& item) {
 void BarButton::show(const std::shared_ptr<UIBarButtonItem>& item) {
   const auto image = item ? item->image() : nullptr;
   // The bar draws the shape of its pictures in its own tint.
-  const QUrl picture =
-      image ? PictureProvider::urlFor(*image, toQColor(metrics::kTintColor)) : QUrl();
+  const QUrl picture = image ? PictureProvider::urlFor(*image, Theme::tint()) : QUrl();
   const QSizeF size = image ? QSizeF(image->size().width, image->size().height) : QSizeF();
   const QString name = item ? nameOf(*item) : QString();
   const bool enabled = item && item->isEnabled();

@@ -16,6 +16,7 @@
 #include "platform/foundation/MainQueue.h"
 #include "platform/preferences/PSListController.h"
 #include "settings/appearance/Appearance.h"
+#include "settings/appearance/Theme.h"
 #include "settings/items/WebViewItem.h"
 
 namespace {
@@ -24,7 +25,6 @@ namespace {
 constexpr int kLongestSettling = 5000;
 // A page of the web engine has been drawn when no frame comes for that long, in milliseconds.
 constexpr int kQuiet = 200;
-constexpr int kBarHeight = 44;
 
 template <class Condition>
 bool anyOf(const QQuickItem& item, const Condition& condition) {
@@ -121,7 +121,7 @@ int SettingsWindow::wholePageHeight() {
   settle();
   const auto list = cast<PSListController>(navigation_.topPage());
   const double content = list ? list->table()->contentSize().height : 0;
-  return kBarHeight + static_cast<int>(std::ceil(content));
+  return static_cast<int>(Theme::kBarHeight + std::ceil(content));
 }
 
 void SettingsWindow::settle() {

@@ -6,11 +6,12 @@ Rectangle {
     required property Flickable flickable
 
     readonly property real part: flickable.visibleArea.heightRatio
+    readonly property real room: flickable.height - 2 * Theme.scrollBarMargin
     anchors.right: parent.right
-    anchors.rightMargin: 3
-    y: 3 + flickable.visibleArea.yPosition * (flickable.height - 6)
-    width: 2.5
-    height: Math.max(24, part * (flickable.height - 6))
+    anchors.rightMargin: Theme.scrollBarMargin
+    y: Theme.scrollBarMargin + flickable.visibleArea.yPosition * room
+    width: Theme.scrollBarWidth
+    height: Math.max(Theme.scrollBarShortest, part * room)
     radius: width / 2
     color: Theme.scrollBarColor
     opacity: flickable.moving && part < 1 ? 1 : 0

@@ -31,8 +31,8 @@ TableItem {
         contentWidth: width
         contentHeight: table.contentHeight
         flickableDirection: Flickable.VerticalFlick
-        maximumFlickVelocity: 4000
-        flickDeceleration: 1500
+        maximumFlickVelocity: Theme.flickVelocity
+        flickDeceleration: Theme.flickDeceleration
         pixelAligned: true
         // What is typed into stays in sight when a keyboard takes room from the list.
         onHeightChanged: table.revealFocus()

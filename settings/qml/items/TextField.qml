@@ -62,7 +62,7 @@ TextFieldItem {
         }
         onCursorPositionChanged: field.cursorMoved()
         cursorDelegate: Rectangle {
-            width: 2
+            width: Theme.cursorWidth
             color: Theme.tint
             visible: input.cursorVisible
         }

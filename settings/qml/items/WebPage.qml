@@ -68,7 +68,7 @@ WebEngineView {
         playbackRequiresUserGesture: true
         showScrollBars: false
     }
-    backgroundColor: "white"
+    backgroundColor: Theme.webPaperColor
     audioMuted: true
 
     onViewChanged: begin()

@@ -35,14 +35,14 @@ FocusScope {
     }
     Rectangle {
         anchors.fill: parent
-        color: "black"
+        color: Theme.slideDimColor
         opacity: pageView.offset < 0 ? -pageView.offset * Theme.slideDim : 0
         visible: opacity > 0
     }
     Rectangle {
         // The shadow of its leading edge on the page under it.
         anchors.right: parent.left
-        width: 8
+        width: Theme.slideShadowWidth
         height: parent.height
         visible: pageView.offset > 0 && pageView.index > 0
         gradient: Gradient {
@@ -53,7 +53,7 @@ FocusScope {
             }
             GradientStop {
                 position: Appearance.mirrored ? 0 : 1
-                color: "#28000000"
+                color: Theme.slideShadowColor
             }
         }
     }

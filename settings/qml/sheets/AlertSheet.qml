@@ -40,7 +40,7 @@ FocusScope {
             x: Theme.alertPadding
             y: Theme.alertPadding
             width: parent.width - 2 * x
-            spacing: 4
+            spacing: Theme.alertSpacing
             AccessibleElement {
                 width: parent.width
                 height: titleText.implicitHeight

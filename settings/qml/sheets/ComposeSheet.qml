@@ -105,7 +105,7 @@ FocusScope {
                     KeyNavigation.backtab: post
                     onTextChanged: sheet.model.edit(text)
                     cursorDelegate: Rectangle {
-                        width: 2
+                        width: Theme.cursorWidth
                         color: Theme.tint
                         visible: input.cursorVisible
                     }

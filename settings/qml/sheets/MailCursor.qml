@@ -4,7 +4,7 @@ import QuietDial.Settings
 Rectangle {
     required property bool shown
 
-    width: 2
+    width: Theme.cursorWidth
     color: Theme.tint
     visible: shown
 }

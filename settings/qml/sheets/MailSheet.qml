@@ -143,7 +143,7 @@ FocusScope {
                     Text {
                         anchors.left: to.right
                         anchors.right: parent.right
-                        anchors.leftMargin: 5
+                        anchors.leftMargin: Theme.mailGap
                         anchors.rightMargin: Theme.mailMargin
                         height: parent.height
                         text: sheet.model.recipients
@@ -176,7 +176,7 @@ FocusScope {
                         id: subject
                         anchors.left: subjectLabel.right
                         anchors.right: parent.right
-                        anchors.leftMargin: 5
+                        anchors.leftMargin: Theme.mailGap
                         anchors.rightMargin: Theme.mailMargin
                         topPadding: (Theme.hitSize - subjectLine.height) / 2
                         bottomPadding: topPadding
@@ -240,8 +240,8 @@ FocusScope {
                         Text {
                             anchors.left: attachedLabel.right
                             anchors.right: sizeText.left
-                            anchors.leftMargin: 5
-                            anchors.rightMargin: 5
+                            anchors.leftMargin: Theme.mailGap
+                            anchors.rightMargin: Theme.mailGap
                             height: parent.height
                             text: attachment.modelData
                             textFormat: Text.PlainText
@@ -253,7 +253,7 @@ FocusScope {
                         Text {
                             id: sizeText
                             anchors.right: chevron.left
-                            anchors.rightMargin: 8
+                            anchors.rightMargin: Theme.mailSizeGap
                             height: parent.height
                             text: sheet.model.sizes[attachment.index]
                             textFormat: Text.PlainText
