@@ -5,7 +5,7 @@ constexpr ClassOf<MissingPaneController> MissingPaneController::classObject{
 
 namespace {
 
-std::string explain(const std::string& className, MissingPaneReason reason) {
+std::string sentenceOn(const std::string& className, MissingPaneReason reason) {
   switch (reason) {
     case MissingPaneReason::kNoSuchClass:
       return "This page is made by the class “" + className +
@@ -24,16 +24,7 @@ std::shared_ptr<MissingPaneController> MissingPaneController::forClass(
     const std::string& className, MissingPaneReason reason,
     const std::shared_ptr<PSSpecifier>& specifier) {
   auto pane = allocInit<MissingPaneController>();
-  pane->explanation_ = explain(className, reason);
+  pane->explain("Page not available", sentenceOn(className, reason));
   pane->setSpecifier(specifier);
   return pane;
-}
-
-const PSSpecifiers& MissingPaneController::specifiers() {
-  if (!hasSpecifiers()) {
-    auto group = PSSpecifier::groupSpecifierWithName("Page not available");
-    group->setPropertyForKey(PropertyListValue(explanation_), "footerText");
-    setSpecifiers({group});
-  }
-  return keptSpecifiers();
 }

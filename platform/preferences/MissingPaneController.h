@@ -5,7 +5,7 @@
 
 #include "platform/api.h"
 #include "platform/foundation/Subclass.h"
-#include "platform/preferences/PSListController.h"
+#include "platform/preferences/ExplanationController.h"
 
 /// Why a page cannot be opened: no class has the name, the class is no page, or its init failed.
 enum class MissingPaneReason { kNoSuchClass, kNoPane, kNotMade };
@@ -13,7 +13,7 @@ enum class MissingPaneReason { kNoSuchClass, kNoPane, kNotMade };
 /// Stands in for a page that cannot be opened and says which class is concerned and why, so that a
 /// row never leads nowhere. Main thread.
 class PLATFORM_API MissingPaneController
-    : public Subclass<MissingPaneController, PSListController> {
+    : public Subclass<MissingPaneController, ExplanationController> {
  public:
   static const ClassOf<MissingPaneController> classObject;
 
@@ -22,9 +22,4 @@ class PLATFORM_API MissingPaneController
   static std::shared_ptr<MissingPaneController> forClass(
       const std::string& className, MissingPaneReason reason,
       const std::shared_ptr<PSSpecifier>& specifier);
-
-  const PSSpecifiers& specifiers() override;
-
- private:
-  std::string explanation_;
 };

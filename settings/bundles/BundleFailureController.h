@@ -4,10 +4,10 @@
 #include <string>
 
 #include "platform/foundation/Subclass.h"
-#include "platform/preferences/PSListController.h"
+#include "platform/preferences/ExplanationController.h"
 
 /// Stands in for the first page of a bundle that could not be loaded and says why. Main thread.
-class BundleFailureController : public Subclass<BundleFailureController, PSListController> {
+class BundleFailureController : public Subclass<BundleFailureController, ExplanationController> {
  public:
   static const ClassOf<BundleFailureController> classObject;
 
@@ -15,9 +15,4 @@ class BundleFailureController : public Subclass<BundleFailureController, PSListC
   static std::shared_ptr<BundleFailureController> forBundle(
       const std::string& bundlePath, const std::string& reason,
       const std::shared_ptr<PSSpecifier>& specifier);
-
-  const PSSpecifiers& specifiers() override;
-
- private:
-  std::string explanation_;
 };

@@ -5,11 +5,11 @@
 #include <string>
 
 #include "platform/foundation/Subclass.h"
-#include "platform/preferences/PSListController.h"
+#include "platform/preferences/ExplanationController.h"
 
 /// Stands in for a page that was to be opened at the start and took the program down the last time,
 /// says so, and offers to open it all the same. Main thread.
-class HeldBackController : public Subclass<HeldBackController, PSListController> {
+class HeldBackController : public Subclass<HeldBackController, ExplanationController> {
  public:
   static const ClassOf<HeldBackController> classObject;
 
@@ -19,12 +19,12 @@ class HeldBackController : public Subclass<HeldBackController, PSListController>
                                                      const std::shared_ptr<PSSpecifier>& specifier,
                                                      std::function<void()> open);
 
-  const PSSpecifiers& specifiers() override;
-
   /// Action of the button.
   void openAnyway();
 
+ protected:
+  PSSpecifiers rows() override;
+
  private:
-  std::string explanation_;
   std::function<void()> open_;
 };

@@ -61,10 +61,8 @@ TextFieldItem {
             field.pressReturn();
         }
         onCursorPositionChanged: field.cursorMoved()
-        cursorDelegate: Rectangle {
-            width: Theme.cursorWidth
-            color: Theme.tint
-            visible: input.cursorVisible
+        cursorDelegate: EditCursor {
+            shown: input.cursorVisible
         }
     }
 }

@@ -14,15 +14,7 @@ FocusScope {
         sequences: ["Escape"]
         onActivated: sheet.closed()
     }
-    Rectangle {
-        anchors.fill: parent
-        color: Theme.dimColor
-    }
-    MouseArea {
-        // Nothing under the alert is reached.
-        anchors.fill: parent
-        onWheel: wheel => wheel.accepted = true
-    }
+    SheetShade {}
     AccessibleElement {
         anchors.centerIn: parent
         width: Math.min(Theme.alertWidth, parent.width - 2 * Theme.alertPadding)

@@ -2,11 +2,8 @@ import QtQuick
 import QuietDial.Settings
 
 // Says what a line of a mail's head holds.
-Text {
+MailText {
     x: Theme.mailMargin
-    height: parent.height
-    textFormat: Text.PlainText
-    font: Theme.bodyFont
     color: Theme.noteColor
-    verticalAlignment: Text.AlignVCenter
+    elide: Text.ElideNone
 }

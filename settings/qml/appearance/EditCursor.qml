@@ -1,6 +1,7 @@
 import QtQuick
 import QuietDial.Settings
 
+// Where the next letter goes in a text that is edited.
 Rectangle {
     required property bool shown
 
