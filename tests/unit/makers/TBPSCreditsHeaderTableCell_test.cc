@@ -1,5 +1,7 @@
 #include "platform/makers/TBPSCreditsHeaderTableCell.h"
 
+#include <algorithm>
+
 #include "platform/uikit/metrics.h"
 #include "tests/support/PaneTest.h"
 
@@ -81,6 +83,28 @@ TEST_F(CreditsHeaderTest, AMissingHeadLeavesTheOtherInTheMiddleAndItsOwnNameOut)
   const auto cell = cellOf(320);
   EXPECT_EQ(shown(*cell).at("two.png").origin.x, 120);
   EXPECT_THAT(names(*cell), testing::ElementsAre("B"));
+}
+
+TEST_F(CreditsHeaderTest, AsMuchIsFreeBelowAsAboveAlsoWithoutALogoOrHeads) {
+  const auto all = pictures->sizes;
+  for (const auto& missing :
+       std::vector<std::vector<std::string>>{{}, {"/logo.png"}, {"/one.png", "/two.png"}}) {
+    pictures->sizes = all;
+    for (const auto& path : missing) {
+      pictures->sizes.erase(path);
+    }
+    const auto cell = cellOf(320);
+    CGFloat top = cell->frame().size.height;
+    CGFloat bottom = 0;
+    for (const auto& view : cell->contentView()->subviews()) {
+      const CGRect frame = view->frame();
+      if (view != cell->textLabel() && frame.size.height > 0) {
+        top = std::min(top, frame.origin.y);
+        bottom = std::max(bottom, frame.origin.y + frame.size.height);
+      }
+    }
+    EXPECT_EQ(cell->frame().size.height - bottom, top) << missing.size();
+  }
 }
 
 TEST_F(CreditsHeaderTest, WithoutPicturesTheRowIsAnOrdinaryOne) {

@@ -37,6 +37,18 @@ TEST_F(SubtitleCellTest, ANarrowerCellIsHigher) {
   EXPECT_GT(cell->preferredHeightForWidth(200), cell->preferredHeightForWidth(600));
 }
 
+TEST_F(SubtitleCellTest, TheTextEndsAsFarAboveTheLowerEdgeAsTheTitleBeginsBelowTheUpper) {
+  for (const CGFloat cellWidth : {200.0, 250.0, 320.0, 414.0}) {
+    const auto cell = cellWith(std::string(120, 'm'));
+    const CGFloat height = cell->preferredHeightForWidth(cellWidth);
+    cell->setFrame(CGRectMake(0, 0, cellWidth, height));
+    cell->layoutIfNeeded();
+    const CGRect text = cell->contentView()->subviews().back()->frame();
+    EXPECT_DOUBLE_EQ(height - text.origin.y - text.size.height, cell->textLabel()->frame().origin.y)
+        << cellWidth;
+  }
+}
+
 TEST_F(SubtitleCellTest, WithoutATextTheCellIsAnOrdinaryRow) {
   EXPECT_EQ(cellWith("")->preferredHeightForWidth(320), metrics::kRowHeight);
 }
