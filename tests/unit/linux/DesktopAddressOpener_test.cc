@@ -141,8 +141,14 @@ TEST_F(Desktop, ProgramsAreLookedUpInAbsoluteFoldersAlone) {
   EXPECT_EQ(findProgram("xdg-open"), std::nullopt);
   EXPECT_FALSE(opener_.canOpen("known:x"));
   EXPECT_FALSE(startDesktopProgram({"xdg-open"}));
-  EXPECT_TRUE(startDesktopProgram({(folder_ / "xdg-mime").string()}));
   EXPECT_FALSE(std::filesystem::exists(folder_ / "asked"));
+}
+
+TEST_F(Desktop, AProgramThatCouldBeStartedIsSaidToBe) {
+  const auto said = pipe("said");
+  program("tool", "echo a >\"$DESKTOP/said\"\n");
+  EXPECT_TRUE(startDesktopProgram({(folder_ / "tool").string()}));
+  EXPECT_EQ(allOf(said), "a\n");
 }
 
 TEST_F(Desktop, AProgramIsWhatLiesFirstInThePathAndCanBeRun) {
