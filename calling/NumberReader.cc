@@ -4,6 +4,7 @@
 #include <array>
 
 #include "calling/Characters.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 
@@ -11,14 +12,6 @@ constexpr std::size_t kLongestText = 512;
 constexpr std::size_t kMostDigits = 40;
 
 constexpr std::string_view kPauses = ",;pw";
-
-char lowered(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool equalsInAnyCase(std::string_view left, std::string_view right) {
-  return std::ranges::equal(left, right, {}, lowered, lowered);
-}
 
 bool isBlank(char32_t c) {
   return c == ' ' || c == '\t' || c == 0xA0 || c == 0x2007 || c == 0x202F;

@@ -12,6 +12,8 @@
 
 #include <systemd/sd-bus.h>
 
+#include "platform/foundation/CFNotificationCenter.h"
+
 namespace {
 
 constexpr const char* kPath = "/me/orlanvey/quietdial/Notifications";
@@ -34,6 +36,12 @@ void DBusNotifications::CloseBus::operator()(sd_bus* bus) const {
 DBusNotifications::DBusNotifications(Delivery delivery)
     : delivery_(std::move(delivery)), pause_(kFirstPause) {
   connect();
+}
+
+std::shared_ptr<DBusNotifications> DBusNotifications::forPanes() {
+  return std::make_shared<DBusNotifications>([](const std::string& name) {
+    CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
+  });
 }
 
 DBusNotifications::~DBusNotifications() {

@@ -40,6 +40,9 @@ class DBusNotifications final : public NotificationBroadcaster {
   };
 
   explicit DBusNotifications(Delivery delivery);
+  /// For programs with panes: what others post is delivered to this process's Darwin notification
+  /// centre.
+  static std::shared_ptr<DBusNotifications> forPanes();
   DBusNotifications(const DBusNotifications&) = delete;
   DBusNotifications& operator=(const DBusNotifications&) = delete;
   DBusNotifications(DBusNotifications&&) = delete;

@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-#include "linux/asciiText.h"
 #include "linux/desktopProgram.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 

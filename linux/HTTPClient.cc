@@ -5,8 +5,8 @@
 #include <ranges>
 
 #include "linux/CurlLibrary.h"
-#include "linux/asciiText.h"
 #include "linux/redirect.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <arpa/inet.h>
 
-#include "linux/asciiText.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <cstdio>
 #include <ctime>
 
-#include "linux/asciiText.h"
 #include "linux/propertylist/Base64.h"
 #include "linux/propertylist/Unicode.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 
@@ -38,19 +38,6 @@ std::string cleaned(std::string_view text, bool isField) {
     text.remove_prefix(character ? character->length : 1);
   }
   return clean;
-}
-
-// Lines that end in line feeds, whatever they ended in before.
-std::string withLineFeeds(std::string_view text) {
-  std::string result;
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    if (text[index] != '\r') {
-      result += text[index];
-    } else if (index + 1 == text.size() || text[index + 1] != '\n') {
-      result += '\n';
-    }
-  }
-  return result;
 }
 
 std::string base64Of(std::string_view bytes) {

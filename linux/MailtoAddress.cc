@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "linux/MailMessageWriter.h"
-#include "linux/asciiText.h"
+#include "platform/foundation/asciiText.h"
 #include "platform/foundation/percentEncoding.h"
 
 namespace {
@@ -43,18 +43,6 @@ std::string withoutControls(std::string text, bool keepsLines) {
       },
       ' ');
   return text;
-}
-
-// Lines end in a line feed.
-std::string withLineFeeds(std::string_view text) {
-  std::string result;
-  for (std::size_t index = 0; index < text.size(); ++index) {
-    const bool isReturn = text[index] == '\r';
-    if (!isReturn || !text.substr(index + 1).starts_with('\n')) {
-      result += isReturn ? '\n' : text[index];
-    }
-  }
-  return result;
 }
 
 // What comes before the separator, which is taken off with it.

@@ -6,19 +6,12 @@
 #include <optional>
 
 #include "linux/readFile.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 
 constexpr std::size_t kLargestTable = std::size_t{16} << 20;
 constexpr std::size_t kCountryDigits = 3;
-
-std::string inCapitals(std::string_view region) {
-  std::string text(region);
-  std::ranges::transform(text, text.begin(), [](char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-  });
-  return text;
-}
 
 bool isNumber(std::string_view text, std::size_t least, std::size_t most) {
   return text.size() >= least && text.size() <= most &&

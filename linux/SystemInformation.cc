@@ -8,8 +8,8 @@
 
 #include <sys/utsname.h>
 
-#include "linux/asciiText.h"
 #include "linux/readFile.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 

@@ -26,3 +26,7 @@ struct FileContents {
 /// Reads a regular file of at most `bound` bytes. Never blocks on a pipe or a device. `directory`
 /// and `path` are as for openat(2); `flags` are added to its flags.
 FileContents readFile(int directory, const std::string& path, std::size_t bound, int flags = 0);
+
+/// Reads all that an open file, a pipe or a terminal gives, of at most `bound` bytes; waits for it.
+/// No status.
+FileContents readStream(int descriptor, std::size_t bound);

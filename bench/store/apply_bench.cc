@@ -15,7 +15,6 @@
 #include "linux/DeviceFileService.h"
 #include "linux/PosixProcessService.h"
 #include "linux/SystemClock.h"
-#include "platform/foundation/CFNotificationCenter.h"
 #include "platform/foundation/MainQueue.h"
 #include "platform/foundation/NSBundle.h"
 #include "prefix/QDCountryPrefixController.h"
@@ -125,10 +124,7 @@ class Panes : public PaneTest {
                   std::chrono::minutes(1));
   }
 
-  std::shared_ptr<DBusNotifications> notifications =
-      std::make_shared<DBusNotifications>([](const std::string& name) {
-        CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
-      });
+  std::shared_ptr<DBusNotifications> notifications = DBusNotifications::forPanes();
   std::shared_ptr<QDPreferencesListController> root;
   std::shared_ptr<QDCountryPrefixController> prefixes;
 

@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <utility>
 
-#include "linux/asciiText.h"
 #include "linux/propertylist/Base64.h"
 #include "linux/propertylist/PropertyListDateText.h"
 #include "linux/propertylist/Unicode.h"
+#include "platform/foundation/asciiText.h"
 
 namespace {
 
@@ -77,10 +77,7 @@ bool isReadableEncoding(std::string_view declaration) {
   if (close == std::string_view::npos) {
     return false;
   }
-  std::string encoding(declaration.substr(open + 1, close - open - 1));
-  std::ranges::transform(encoding, encoding.begin(), [](char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-  });
+  const auto encoding = inCapitals(declaration.substr(open + 1, close - open - 1));
   return encoding == "UTF-8" || encoding == "UTF-16" || encoding == "US-ASCII";
 }
 

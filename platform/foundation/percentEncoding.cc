@@ -1,13 +1,6 @@
 #include "platform/foundation/percentEncoding.h"
 
-namespace {
-
-bool isAlphanumeric(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9');
-}
-
-}  // namespace
+#include "platform/foundation/asciiText.h"
 
 std::string percentEncoded(std::string_view text, std::string_view marks) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";

@@ -31,11 +31,10 @@ PaneTest::PaneTest() {
       .log = std::make_shared<RecordingLog>(recorder, nullptr),
   });
   registerClasses(platformClasses());
-  outer = allocInit<UINavigationController>();
-  inner = allocInit<UINavigationController>();
-  outer->pushViewControllerAnimated(inner, false);
-  window = allocInit<UIWindow>();
-  window->setRootViewController(outer);
+  const auto stacks = NavigationStacks::make();
+  window = stacks.window;
+  outer = stacks.outer;
+  inner = stacks.inner;
 }
 
 std::string PaneTest::bundleFile(const std::string& name) {

@@ -96,13 +96,7 @@ DriveSession::DriveSession(Options options, const BundleModule& module,
       clock_(std::move(clock)),
       recorder_(std::move(recorder)),
       sheets_(std::move(sheets)),
-      displayRefresh_(std::move(displayRefresh)),
-      window_(allocInit<UIWindow>()),
-      outer_(allocInit<UINavigationController>()),
-      inner_(allocInit<UINavigationController>()) {
-  outer_->pushViewControllerAnimated(inner_, false);
-  window_->setRootViewController(outer_);
-}
+      displayRefresh_(std::move(displayRefresh)) {}
 
 Json DriveSession::answer(const std::string& line) {
   const Json request = Json::parse(line, nullptr, /*allow_exceptions=*/false);
@@ -170,7 +164,7 @@ Json DriveSession::push(const Json& request) {
   if (options_.entryBadge) {
     row->setPropertyForKey(PropertyListValue(*options_.entryBadge), "badgeString");
   }
-  inner_->pushViewControllerAnimated(makePane(className, row), true);
+  stacks_.inner->pushViewControllerAnimated(makePane(className, row), true);
   layOut();
   return whereWeAre();
 }
@@ -183,7 +177,7 @@ Json DriveSession::tap(const Json& request) {
 }
 
 Json DriveSession::pop(const Json& /*request*/) {
-  if (!inner_->popViewControllerAnimated(true)) {
+  if (!stacks_.inner->popViewControllerAnimated(true)) {
     throw Refusal("No pane is open.");
   }
   layOut();
@@ -405,15 +399,15 @@ void DriveSession::layOut() {
 }
 
 Json DriveSession::whereWeAre() const {
-  const auto pane = inner_->topViewController();
+  const auto pane = stacks_.inner->topViewController();
   Json reply = success();
   reply["pane"] = pane ? Json(std::string(pane->classDescription().name)) : Json(nullptr);
-  reply["depth"] = inner_->viewControllers().size();
+  reply["depth"] = stacks_.inner->viewControllers().size();
   return reply;
 }
 
 std::shared_ptr<PSListController> DriveSession::topPane() const {
-  return cast<PSListController>(inner_->topViewController());
+  return cast<PSListController>(stacks_.inner->topViewController());
 }
 
 PSListController& DriveSession::requireTopPane() const {

@@ -10,8 +10,7 @@
 #include "headless/RecordingSheets.h"
 #include "linux/BundleModule.h"
 #include "platform/preferences/PSListController.h"
-#include "platform/uikit/UINavigationController.h"
-#include "platform/uikit/UIWindow.h"
+#include "platform/uikit/NavigationStacks.h"
 #include "tools/drive/json.h"
 
 /// The panes under a script: a navigation controller inside another one, as in the Settings
@@ -75,8 +74,6 @@ class DriveSession {
   std::shared_ptr<Recorder> recorder_;
   std::shared_ptr<RecordingSheets> sheets_;
   std::shared_ptr<ManualDisplayRefresh> displayRefresh_;
-  std::shared_ptr<UIWindow> window_;
-  std::shared_ptr<UINavigationController> outer_;
-  std::shared_ptr<UINavigationController> inner_;
+  NavigationStacks stacks_ = NavigationStacks::make();
   bool ended_ = false;
 };

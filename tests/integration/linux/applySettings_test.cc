@@ -109,10 +109,7 @@ class RealEffects : public PaneTest {
 
   TemporaryFolder root_;
   PrivateBus bus_;
-  std::shared_ptr<DBusNotifications> notifications_ =
-      std::make_shared<DBusNotifications>([](const std::string& name) {
-        CFNotificationCenterDeliver(CFNotificationCenterGetDarwinNotifyCenter(), name);
-      });
+  std::shared_ptr<DBusNotifications> notifications_ = DBusNotifications::forPanes();
   std::unique_ptr<ChildProcess> restarter_;
 };
 
