@@ -1,6 +1,7 @@
 #include "linux/PosixProcessService.h"
 
 #include <cerrno>
+#include <fcntl.h>
 #include <spawn.h>
 #include <unistd.h>
 
@@ -40,6 +41,9 @@ int PosixProcessService::posixSpawn(int& pid, const std::string& path,
   const auto variables = pointersTo(environment ? *environment : none);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
+  if (messages_ == Messages::kDropped) {
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  }
   posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
   pid_t started = 0;
   const int error =

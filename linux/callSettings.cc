@@ -2,18 +2,13 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fcntl.h>
 #include <optional>
 #include <string_view>
 
-#include "core/preferenceStore.h"
 #include "core/settingsTable.h"
-#include "linux/propertylist/PropertyListSerialization.h"
-#include "linux/readFile.h"
+#include "linux/storedSettings.h"
 
 namespace {
-
-constexpr std::size_t kLargestFile = std::size_t{16} << 20;
 
 std::string defaultText(const settings::Setting& setting) {
   return std::string(std::get<std::string_view>(setting.defaultValue));
@@ -38,20 +33,19 @@ CallSettings readCallSettings(const DevicePaths& paths) {
       .customPrefix = defaultText(settings::kCustomPrefix),
       .country = defaultText(settings::kSelectedCountry),
   };
-  const auto path = paths.forReading(std::string(kSettingsPath));
-  const auto file = path ? readFile(AT_FDCWD, *path, kLargestFile) : FileContents{};
-  if (file.outcome == FileContents::Outcome::kAbsent) {
+  const auto stored = readStoredSettings(paths);
+  if (stored.state == StoredSettings::State::kAbsent) {
     return result;
   }
-  const auto list = file.outcome == FileContents::Outcome::kRead ? propertyListFromBytes(file.bytes)
-                                                                 : std::nullopt;
-  const auto* stored = list ? list->get<PropertyListDictionary>() : nullptr;
-  const auto prefix = stored ? textOf(*stored, settings::kSelectedPrefix) : std::nullopt;
+  const auto prefix = stored.state == StoredSettings::State::kRead
+                          ? textOf(stored.settings, settings::kSelectedPrefix)
+                          : std::nullopt;
   result.areReadable = prefix.has_value();
   if (prefix) {
     result.prefix = *prefix;
-    result.customPrefix = textOf(*stored, settings::kCustomPrefix).value_or(result.customPrefix);
-    result.country = textOf(*stored, settings::kSelectedCountry).value_or(result.country);
+    result.customPrefix =
+        textOf(stored.settings, settings::kCustomPrefix).value_or(result.customPrefix);
+    result.country = textOf(stored.settings, settings::kSelectedCountry).value_or(result.country);
   }
   return result;
 }

@@ -186,7 +186,8 @@ struct Services {
   std::shared_ptr<SystemLog> log;
 };
 
-/// Main thread, before the first use of anything else; every member set.
+/// Main thread, before the first use of anything else. With panes every member is set; without,
+/// those that are used.
 PLATFORM_API void installServices(Services services);
 
 /// The installed services. Any thread.

@@ -25,7 +25,6 @@ constexpr std::string_view kCountryKey = "selectedCountry";
 constexpr std::string_view kPrefixKey = "selectedPrefix";
 constexpr std::string_view kCustomKey = "customPrefix";
 
-constexpr const char* kCustomRow = "Custom (enter below)";
 constexpr const char* kAdvice =
     "When none of the prefix codes above work for you, please search google for the right prefix "
     "code and "

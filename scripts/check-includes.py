@@ -22,9 +22,10 @@ ALLOWED = {
     "bundle": PANES | {"platform"},
     "calling": {"core", "platform/foundation/asciiText.h", "prefix"},
     "linux": {"calling", "core/preferenceStore.h", "core/settingsTable.h", "platform"},
+    "changes": {"calling", "core", "linux", "platform", "prefix"},
     "headless": {"platform"},
-    "settings": {"core/settingsTable.h", "linux", "headless", "platform", "tools/version.h"},
-    "tools": PANES | {"calling", "linux", "headless", "platform"},
+    "settings": {"changes", "core/settingsTable.h", "linux", "headless", "platform", "tools/version.h"},
+    "tools": PANES | {"calling", "changes", "linux", "headless", "platform"},
 }
 
 # What every framework may use.
