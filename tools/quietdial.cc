@@ -1,59 +1,82 @@
+#include <algorithm>
+#include <cstdlib>
+#include <iomanip>
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <vector>
 
-#include "tools/call/CallCommand.h"
-#include "tools/call/LinesCommand.h"
-#include "tools/drive/DriveCommand.h"
-#include "tools/gif/GifCommand.h"
+#include "changes/nearestWord.h"
+#include "tools/commands.h"
+#include "tools/runCommand.h"
 #include "tools/version.h"
 
 namespace {
 
-constexpr std::string_view kUsage =
-    "Usage: quietdial COMMAND [ARGUMENTS]\n"
-    "\n"
-    "Commands:\n"
-    "  call       call a number and ask for yours to be hidden\n"
-    "  lines      list what can place calls here\n"
-    "  drive      run the settings panes without a window, under a script\n"
-    "  gif        tell what an animated picture holds\n"
-    "\n"
-    "Options:\n"
-    "  --help     this text; COMMAND --help tells of a command\n"
-    "  --version  the version\n";
+void printHelp(const Commands& commands, std::ostream& out) {
+  constexpr int kColumn = 11;
+  out << "Asks the network to hide your number when you call.\n"
+         "\n"
+         "Examples:\n"
+         "  quietdial status                 what is set, and what would be dialled\n"
+         "  quietdial prefix GB              choose the prefix that hides your number\n"
+         "  quietdial set dialerMode hold    set a setting\n"
+         "  quietdial call '0171 555 0134'   call without showing your number\n"
+         "\n"
+         "Usage: quietdial COMMAND [ARGUMENTS]\n"
+         "\n"
+         "Commands:\n";
+  for (const auto& command : commands) {
+    out << "  " << std::left << std::setw(kColumn) << command->name() << command->summary() << '\n';
+  }
+  out << "\n"
+         "Options:\n"
+         "  --help     This text; COMMAND --help tells of a command\n"
+         "  --version  The version\n";
+}
+
+// Why a word is no command.
+std::string faultOf(const std::string& word, const Commands& commands) {
+  constexpr const char* kListed = "; quietdial --help lists them.";
+  if (word.empty()) {
+    return std::string("no command is given") + kListed;
+  }
+  std::vector<std::string> names;
+  for (const auto& command : commands) {
+    names.emplace_back(command->name());
+  }
+  const auto meant = nearestWord(word, names);
+  return "there is no command \"" + word + '"' +
+         (meant.empty() ? kListed : "; did you mean \"" + meant + "\"?");
+}
+
+bool showsColours() {
+  const char* const terminal = std::getenv("TERM");
+  const char* const noColour = std::getenv("NO_COLOR");
+  return isatty(STDOUT_FILENO) != 0 && terminal && std::string_view(terminal) != "dumb" &&
+         !(noColour && *noColour);
+}
 
 }  // namespace
 
 int main(int count, char** values) {
   std::vector<std::string> words(values + 1, values + count);
-  const std::string command = words.empty() ? "" : words.front();
-  if (command == "--help" || command == "-h") {
-    std::cout << kUsage;
+  const std::string first = words.empty() ? "" : words.front();
+  const auto commands = makeCommands();
+  if (first == "--help" || first == "-h") {
+    printHelp(commands, std::cout);
     return 0;
   }
-  if (command == "--version") {
+  if (first == "--version") {
     std::cout << "quietdial " << kVersion << '\n';
     return 0;
   }
-  if (command == "call" || command == "lines" || command == "drive") {
-    words.erase(words.begin());
+  const auto found = std::ranges::find(commands, first, &Command::name);
+  if (found == commands.end()) {
+    std::cerr << "quietdial: " << faultOf(first, commands) << '\n';
+    return kNotUnderstood;
   }
-  if (command == "call") {
-    return runCallCommand(words, std::cin, std::cout, std::cerr);
-  }
-  if (command == "lines") {
-    return runLinesCommand(words, std::cout, std::cerr);
-  }
-  if (command == "drive") {
-    return runDriveCommand(words, std::cin, std::cout, std::cerr);
-  }
-  if (command == "gif") {
-    return runGifCommand({values + 2, static_cast<std::size_t>(count - 2)}, std::cout, std::cerr);
-  }
-  std::cerr << "quietdial: "
-            << (command.empty() ? "no command is given" : "there is no command \"" + command + "\"")
-            << "; quietdial --help lists them.\n";
-  return 2;
+  words.erase(words.begin());
+  return runCommand(**found, words, {std::cin, std::cout, std::cerr, showsColours()});
 }

@@ -1,11 +1,16 @@
 #pragma once
 
-#include <ostream>
-#include <string>
-#include <vector>
+#include "tools/Command.h"
 
-/// `quietdial lines`: what can place calls here, which of it hides the number by itself, and which
-/// a call would take; as one JSON array with `--json`. The exit status: 0, or 2 for arguments that
-/// are not understood.
-int runLinesCommand(const std::vector<std::string>& arguments, std::ostream& out,
-                    std::ostream& err);
+/// `quietdial lines`: lists what can place calls here, and which of it a call takes.
+class LinesCommand final : public Command {
+ public:
+  std::string_view name() const override { return "lines"; }
+  std::string_view summary() const override { return "List what can place calls here."; }
+  std::vector<Example> examples() const override;
+  void describe(CLI::App& app) override;
+  int run(Streams streams) override;
+
+ private:
+  bool isJson_ = false;
+};

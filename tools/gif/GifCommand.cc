@@ -3,80 +3,47 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
+#include <fcntl.h>
 #include <memory>
 #include <optional>
-#include <ostream>
-#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include "animated/FLAnimatedImage.h"
+#include "linux/FileDescriptor.h"
+#include "linux/readFile.h"
 #include "platform/imageio/CGImageSource.h"
 #include "tools/gif/StraightPixels.h"
 
 namespace {
 
-constexpr int failed = 1;
-constexpr int wrongUsage = 2;
+constexpr int kFailed = 1;
 
 // No animation that a phone plays comes near this.
-constexpr std::size_t maximumFileSize = std::size_t{256} << 20;
+constexpr std::size_t kLargestFile = std::size_t{256} << 20;
 
-struct Options {
-  bool checksums = false;
-  std::optional<std::size_t> frame;
-  std::string picture;
-  std::string file;
-};
+constexpr const char* kUsage = "usage: quietdial gif [--checksums] [--frame N PICTURE.png] FILE\n";
 
-std::optional<std::size_t> parseNumber(std::string_view text) {
+std::optional<std::size_t> numberFrom(std::string_view text) {
   std::size_t number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc{} || end != text.data() + text.size()) {
-    return std::nullopt;
-  }
-  return number;
-}
-
-std::optional<Options> parse(std::span<char* const> arguments) {
-  Options options;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    const std::string_view argument = arguments[i];
-    if (argument == "--checksums") {
-      options.checksums = true;
-    } else if (argument == "--frame" && arguments.size() - i > 2) {
-      options.frame = parseNumber(arguments[++i]);
-      options.picture = arguments[++i];
-      if (!options.frame) {
-        return std::nullopt;
-      }
-    } else if (options.file.empty() && !argument.starts_with("--")) {
-      options.file = argument;
-    } else {
-      return std::nullopt;
-    }
-  }
-  return options.file.empty() ? std::nullopt : std::optional(options);
+  return error == std::errc{} && end == text.data() + text.size() ? std::optional(number)
+                                                                  : std::nullopt;
 }
 
 /// Null if the file cannot be read or is too large.
-CGImageSource::Data readFile(const std::string& path) {
-  std::ifstream stream(path, std::ios::binary);
-  auto bytes = std::make_shared<std::vector<std::uint8_t>>();
-  constexpr std::size_t step = std::size_t{1} << 20;
-  while (stream) {
-    const std::size_t size = bytes->size();
-    if (size > maximumFileSize) {
-      return nullptr;
-    }
-    bytes->resize(size + step);
-    stream.read(reinterpret_cast<char*>(bytes->data() + size), step);
-    bytes->resize(size + static_cast<std::size_t>(stream.gcount()));
+CGImageSource::Data bytesOf(const std::string& path) {
+  // Not only files: another program's output will do.
+  const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  const auto contents = file ? readStream(file.get(), kLargestFile) : FileContents();
+  if (contents.outcome != FileContents::Outcome::kRead) {
+    return nullptr;
   }
-  return stream.eof() ? bytes : nullptr;
+  return std::make_shared<std::vector<std::uint8_t>>(contents.bytes.begin(), contents.bytes.end());
 }
 
 std::shared_ptr<const PixelBuffer> pixelsOf(const CGImageSource& source, std::size_t index) {
@@ -94,7 +61,7 @@ bool hasImage(const CGImageSource& source) {
 }
 
 // How it would be played; null where it cannot be.
-nlohmann::ordered_json describeAnimation(const CGImageSource::Data& data) {
+nlohmann::ordered_json reportAnimation(const CGImageSource::Data& data) {
   const auto image = FLAnimatedImage::animatedImageWithGIFData(NSData::dataWithBytes(*data));
   nlohmann::ordered_json object;
   object["delays"] = image ? nlohmann::ordered_json(image->delayTimes()) : nlohmann::ordered_json();
@@ -105,8 +72,8 @@ nlohmann::ordered_json describeAnimation(const CGImageSource::Data& data) {
   return object;
 }
 
-nlohmann::ordered_json describe(const CGImageSource& source, const CGImageSource::Data& data,
-                                bool withChecksums) {
+nlohmann::ordered_json report(const CGImageSource& source, const CGImageSource::Data& data,
+                              bool withChecksums) {
   const std::optional<CGImageProperties> first = source.copyPropertiesAtIndex(0);
   nlohmann::ordered_json unclamped = nlohmann::ordered_json::array();
   nlohmann::ordered_json checksums = nlohmann::ordered_json::array();
@@ -124,7 +91,7 @@ nlohmann::ordered_json describe(const CGImageSource& source, const CGImageSource
   object["height"] = first->pixelHeight;
   object["frames"] = source.count();
   object["unclamped"] = std::move(unclamped);
-  object.update(describeAnimation(data));
+  object.update(reportAnimation(data));
   if (withChecksums) {
     object["checksums"] = std::move(checksums);
   }
@@ -133,39 +100,56 @@ nlohmann::ordered_json describe(const CGImageSource& source, const CGImageSource
 
 }  // namespace
 
-int runGifCommand(std::span<char* const> arguments, std::ostream& out, std::ostream& err) {
-  constexpr const char* kUsage =
-      "usage: quietdial gif [--checksums] [--frame N PICTURE.png] FILE\n";
-  if (arguments.size() == 1 && std::string_view(arguments.front()) == "--help") {
-    out << kUsage << "Prints what an animated picture holds, as one JSON object.\n";
-    return 0;
-  }
-  const std::optional<Options> options = parse(arguments);
-  if (!options) {
-    err << kUsage;
-    return wrongUsage;
-  }
-  const CGImageSource::Data data = readFile(options->file);
+std::vector<Example> GifCommand::examples() const {
+  return {{"quietdial gif --checksums picture.gif", "one JSON object"}};
+}
+
+void GifCommand::describe(CLI::App& app) {
+  app.add_option("FILE", file_, "The picture")->required();
+  app.add_flag("--checksums", withChecksums_, "Tell the SHA-256 of each frame as well");
+  app.add_option_function<std::pair<std::string, std::string>>(
+         "--frame",
+         [this](const auto& given) {
+           const auto index = numberFrom(given.first);
+           if (!index) {
+             throw CLI::ValidationError("--frame", "N has to be a whole number from 0");
+           }
+           frame_ = {*index, given.second};
+         },
+         "Write frame N, counted from 0, as PICTURE.png")
+      ->type_name("N PICTURE.png");
+  app.failure_message(
+      [](const CLI::App* /*app*/, const CLI::Error& /*error*/) { return std::string(kUsage); });
+}
+
+int GifCommand::run(Streams streams) {
+  const CGImageSource::Data data = bytesOf(file_);
   if (!data) {
-    err << options->file << " cannot be read.\n";
-    return failed;
+    streams.err << file_ << " cannot be read.\n";
+    return kFailed;
   }
   const std::shared_ptr<CGImageSource> source = CGImageSource::createWithData(data);
   if (!source || !hasImage(*source)) {
-    err << options->file << " is not a GIF with an image in it.\n";
-    return failed;
+    streams.err << file_ << " is not a GIF with an image in it.\n";
+    return kFailed;
   }
-  if (options->frame) {
-    const std::shared_ptr<const PixelBuffer> pixels = pixelsOf(*source, *options->frame);
-    if (!pixels) {
-      err << options->file << " has no frame " << *options->frame << " that can be decoded.\n";
-      return failed;
-    }
-    if (!StraightPixels(*pixels).writePNG(options->picture)) {
-      err << options->picture << " cannot be written.\n";
-      return failed;
-    }
+  if (frame_ && !writeFrame(*source, streams.err)) {
+    return kFailed;
   }
-  out << describe(*source, data, options->checksums) << '\n';
+  streams.out << report(*source, data, withChecksums_) << '\n';
   return 0;
+}
+
+bool GifCommand::writeFrame(const CGImageSource& source, std::ostream& err) const {
+  const auto& [index, picture] = *frame_;
+  const std::shared_ptr<const PixelBuffer> pixels = pixelsOf(source, index);
+  if (!pixels) {
+    err << file_ << " has no frame " << index << " that can be decoded.\n";
+    return false;
+  }
+  if (!StraightPixels(*pixels).writePNG(picture)) {
+    err << picture << " cannot be written.\n";
+    return false;
+  }
+  return true;
 }

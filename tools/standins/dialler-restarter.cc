@@ -7,6 +7,7 @@
 #include <string>
 #include <unistd.h>
 
+#include <CLI/CLI.hpp>
 #include <sys/wait.h>
 
 #include "linux/DevicePaths.h"
@@ -16,15 +17,12 @@
 
 namespace {
 
+constexpr int kNotUnderstood = 2;
+
 struct Process {
   const char* name;
   pid_t pid = -1;
 };
-
-constexpr const char* kUsage =
-    "usage: dialler-restarter [--root DIR]\n"
-    "Keeps a MobilePhone and an InCallService process alive, which print the settings that they\n"
-    "read below the device root DIR (default: the user's data folder).\n";
 
 sigset_t handledSignals() {
   sigset_t signals;
@@ -62,15 +60,15 @@ bool start(Process& process, const std::filesystem::path& folder, std::string ro
 
 int main(int count, char** arguments) {
   std::string root = DevicePaths::defaultRoot();
-  if (count == 2 && std::strcmp(arguments[1], "--help") == 0) {
-    std::fputs(kUsage, stdout);
-    return 0;
-  }
-  if (count == 3 && std::strcmp(arguments[1], "--root") == 0) {
-    root = arguments[2];
-  } else if (count != 1) {
-    std::fputs(kUsage, stderr);
-    return 2;
+  CLI::App app(
+      "Keeps a MobilePhone and an InCallService process alive, which print the settings that they "
+      "read below the device root.",
+      "dialler-restarter");
+  app.add_option("--root", root, "Device root (default: the user's data folder)")->type_name("DIR");
+  try {
+    app.parse(count, arguments);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : kNotUnderstood;
   }
 
   const auto signals = handledSignals();

@@ -11,6 +11,7 @@
 #include <sys/prctl.h>
 
 #include "calling/CallPlanner.h"
+#include "calling/exampleNumber.h"
 #include "core/applySettings.h"
 #include "core/preferenceStore.h"
 #include "core/settingsTable.h"
@@ -25,8 +26,6 @@
 // is new to it. The restarter starts it, with the device root and its own process identifier.
 
 namespace {
-
-constexpr const char* kExample = "0171 555 0134";
 
 std::string shown(const std::optional<PropertyListDictionary>& settings,
                   const settings::Setting& setting) {
@@ -55,12 +54,12 @@ std::string exampleCall(const DevicePaths& paths) {
   const CallPlanner planner(plans,
                             {.settings = readCallSettings(paths), .localeRegion = localeRegion()});
   const LineFacts line{.name = "phone"};
-  const auto plan = planner.plan({kExample}, &line);
+  const auto plan = planner.plan({kExampleNumber}, &line);
   if (plan.refusal) {
-    return std::string("would not call ") + kExample + ": " +
+    return std::string("would not call ") + kExampleNumber + ": " +
            std::string(sentenceOf(*plan.refusal));
   }
-  return std::string("would call ") + kExample + " as " + plan.dial;
+  return std::string("would call ") + kExampleNumber + " as " + plan.dial;
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/GIFBuilder.h"
+#include "tools/runCommand.h"
 
 using testing::ElementsAre;
 
@@ -17,13 +18,13 @@ namespace {
 
 constexpr std::array<std::uint8_t, 6> redAndGreen{255, 0, 0, 0, 255, 0};
 
-class GifCommand : public testing::Test {
+class GifCommandTest : public testing::Test {
  public:
-  GifCommand() {
+  GifCommandTest() {
     std::string pattern = (std::filesystem::temp_directory_path() / "gif-command-XXXXXX").string();
     folder_ = mkdtemp(pattern.data());
   }
-  ~GifCommand() override { std::filesystem::remove_all(folder_); }
+  ~GifCommandTest() override { std::filesystem::remove_all(folder_); }
 
  protected:
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
@@ -45,15 +46,12 @@ class GifCommand : public testing::Test {
     return write("two.gif", gif.trailer());
   }
 
-  int run(std::vector<std::string> arguments) {
-    std::vector<char*> pointers;
-    pointers.reserve(arguments.size());
-    for (std::string& argument : arguments) {
-      pointers.push_back(argument.data());
-    }
+  int run(const std::vector<std::string>& arguments) {
     out_.str("");
     err_.str("");
-    return runGifCommand(pointers, out_, err_);
+    std::istringstream nothing;
+    GifCommand command;
+    return runCommand(command, arguments, {nothing, out_, err_});
   }
 
   std::filesystem::path folder_;
@@ -61,7 +59,7 @@ class GifCommand : public testing::Test {
   std::ostringstream err_;
 };
 
-TEST_F(GifCommand, PrintsSizeFramesAndDelaysAsInTheFileAndAsTheyArePlayed) {
+TEST_F(GifCommandTest, PrintsSizeFramesAndDelaysAsInTheFileAndAsTheyArePlayed) {
   EXPECT_EQ(run({animation()}), 0);
   EXPECT_EQ(out_.str(), R"({"width":2,"height":1,"frames":2,"unclamped":[0.03,null],)"
                         R"("delays":[0.03,0.03],"posterFrame":0,"optimalCacheSize":2})"
@@ -69,7 +67,7 @@ TEST_F(GifCommand, PrintsSizeFramesAndDelaysAsInTheFileAndAsTheyArePlayed) {
   EXPECT_EQ(err_.str(), "");
 }
 
-TEST_F(GifCommand, PrintsTheChecksumOfEachFrameOnRequest) {
+TEST_F(GifCommandTest, PrintsTheChecksumOfEachFrameOnRequest) {
   EXPECT_EQ(run({"--checksums", animation()}), 0);
   // sha256sum of FF0000FF FF0000FF, and of 00000000 00FF00FF.
   EXPECT_EQ(out_.str(), R"({"width":2,"height":1,"frames":2,"unclamped":[0.03,null],)"
@@ -79,7 +77,7 @@ TEST_F(GifCommand, PrintsTheChecksumOfEachFrameOnRequest) {
                         "\n");
 }
 
-TEST_F(GifCommand, AFrameThatCannotBeDecodedHasNoChecksum) {
+TEST_F(GifCommandTest, AFrameThatCannotBeDecodedHasNoChecksum) {
   GIFBuilder gif(1, 1, redAndGreen);
   gif.descriptor({.width = 1, .height = 1}).bytes({0, 0});
   gif.image({.width = 1, .height = 1}, 2, std::array<std::uint8_t, 1>{0});
@@ -95,7 +93,7 @@ TEST_F(GifCommand, AFrameThatCannotBeDecodedHasNoChecksum) {
   EXPECT_FALSE(std::filesystem::exists(path("0.png")));
 }
 
-TEST_F(GifCommand, WritesAFrameAsAPicture) {
+TEST_F(GifCommandTest, WritesAFrameAsAPicture) {
   EXPECT_EQ(run({"--frame", "1", path("1.png"), animation()}), 0);
   png_image picture{};
   picture.version = PNG_IMAGE_VERSION;
@@ -108,7 +106,7 @@ TEST_F(GifCommand, WritesAFrameAsAPicture) {
   EXPECT_THAT(bytes, ElementsAre(0, 0, 0, 0, 0, 255, 0, 255));
 }
 
-TEST_F(GifCommand, AFramePastTheEndOrAPictureThatCannotBeWrittenFails) {
+TEST_F(GifCommandTest, AFramePastTheEndOrAPictureThatCannotBeWrittenFails) {
   const std::string file = animation();
   EXPECT_EQ(run({"--frame", "2", path("2.png"), file}), 1);
   EXPECT_EQ(err_.str(), file + " has no frame 2 that can be decoded.\n");
@@ -118,7 +116,7 @@ TEST_F(GifCommand, AFramePastTheEndOrAPictureThatCannotBeWrittenFails) {
   EXPECT_EQ(out_.str(), "");
 }
 
-TEST_F(GifCommand, AFileThatMakesNoImageFailsWithOneSentence) {
+TEST_F(GifCommandTest, AFileThatMakesNoImageFailsWithOneSentence) {
   std::ofstream(path("text.gif")) << "GIF89a, or so it says";
   GIFBuilder broken(1, 1, redAndGreen);
   write("broken.gif", broken.descriptor({.width = 1, .height = 1}));
@@ -129,7 +127,7 @@ TEST_F(GifCommand, AFileThatMakesNoImageFailsWithOneSentence) {
   }
 }
 
-TEST_F(GifCommand, AFileThatCannotBeReadFailsWithOneSentence) {
+TEST_F(GifCommandTest, AFileThatCannotBeReadFailsWithOneSentence) {
   for (const std::string& file : {path("none.gif"), folder_.string()}) {
     EXPECT_EQ(run({file}), 1);
     EXPECT_EQ(err_.str(), file + " cannot be read.\n");
@@ -137,7 +135,7 @@ TEST_F(GifCommand, AFileThatCannotBeReadFailsWithOneSentence) {
   }
 }
 
-TEST_F(GifCommand, WrongUsageIsExplained) {
+TEST_F(GifCommandTest, WrongUsageIsExplained) {
   const std::string file = animation();
   const std::vector<std::vector<std::string>> wrong{{},
                                                     {"--checksums"},

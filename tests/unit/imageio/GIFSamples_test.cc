@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "tools/gif/GifCommand.h"
+#include "tools/runCommand.h"
 
 namespace {
 
@@ -47,12 +48,12 @@ class GIFSamples : public testing::TestWithParam<Sample> {};
 
 TEST_P(GIFSamples, EveryFrameHasItsChecksum) {
   const nlohmann::json& expected = GetParam().expected;
-  std::string option = "--checksums";
-  std::string file = GetParam().folder + "/" + expected["file"].get<std::string>();
-  const std::vector<char*> arguments{option.data(), file.data()};
+  const std::string file = GetParam().folder + "/" + expected["file"].get<std::string>();
   std::ostringstream out;
   std::ostringstream err;
-  ASSERT_EQ(runGifCommand(arguments, out, err), 0) << err.str();
+  std::istringstream nothing;
+  GifCommand command;
+  ASSERT_EQ(runCommand(command, {"--checksums", file}, {nothing, out, err}), 0) << err.str();
   const nlohmann::json actual = nlohmann::json::parse(out.str());
 
   EXPECT_EQ(actual["width"], expected["width"]);
