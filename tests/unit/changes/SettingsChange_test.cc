@@ -8,27 +8,27 @@ namespace {
 using Stored = PropertyListDictionary;
 
 TEST(SettingsChange, AModeTakesItsTextAlong) {
-  SettingsChange change({{"dialerMode", 0}, {"dialerModeText", "Swipe"}, {"other", "kept"}});
+  SettingsChange change(Stored{{"dialerMode", 0}, {"dialerModeText", "Swipe"}, {"other", "kept"}});
   change.set(settings::kDialerMode, 1);
   EXPECT_EQ(change.after(),
             (Stored{{"dialerMode", 1}, {"dialerModeText", "Hold"}, {"other", "kept"}}));
 }
 
 TEST(SettingsChange, AnAbsentModeIsStoredEvenWhereItIsTheDefault) {
-  SettingsChange change({});
+  SettingsChange change(Stored{});
   change.set(settings::kSystemwideStyle, 2);
   EXPECT_EQ(change.after(),
             (Stored{{"systemwideStyle", 2}, {"systemwideStyleText", "Show always"}}));
 }
 
 TEST(SettingsChange, AModesTextIsBroughtUpToDate) {
-  SettingsChange change({{"dialerMode", 1}, {"dialerModeText", "Swipe"}});
+  SettingsChange change(Stored{{"dialerMode", 1}, {"dialerModeText", "Swipe"}});
   change.set(settings::kDialerMode, 1);
   EXPECT_EQ(change.after(), (Stored{{"dialerMode", 1}, {"dialerModeText", "Hold"}}));
 }
 
 TEST(SettingsChange, AButtonTakesTheTextOfBothAlong) {
-  SettingsChange change({{"systemwideButtonStyle", 4}});
+  SettingsChange change(Stored{{"systemwideButtonStyle", 4}});
   change.set(settings::kDialButtonStyle, 3);
   EXPECT_EQ(change.after(), (Stored{{"dialButtonStyle", 3},
                                     {"systemwideButtonStyle", 4},
@@ -36,20 +36,20 @@ TEST(SettingsChange, AButtonTakesTheTextOfBothAlong) {
 }
 
 TEST(SettingsChange, AButtonThatIsNotSetCountsAsItsDefault) {
-  SettingsChange change({});
+  SettingsChange change(Stored{});
   change.set(settings::kSystemwideButtonStyle, 2);
   EXPECT_EQ(change.after(),
             (Stored{{"systemwideButtonStyle", 2}, {"buttonStyleText", "Style 1 & 2"}}));
 }
 
 TEST(SettingsChange, AButtonThatHoldsWhatItCannotBeCountsAsItsDefault) {
-  SettingsChange change({{"dialButtonStyle", "nine"}});
+  SettingsChange change(Stored{{"dialButtonStyle", "nine"}});
   change.set(settings::kSystemwideButtonStyle, 2);
   EXPECT_EQ(change.after().at("buttonStyleText"), PropertyListValue("Style 1 & 2"));
 }
 
 TEST(SettingsChange, ACountryTakesItsPrefixAlong) {
-  SettingsChange change({{"customPrefix", "*99"}});
+  SettingsChange change(Stored{{"customPrefix", "*99"}});
   change.set(settings::kSelectedCountry, "UK ");
   EXPECT_EQ(
       change.after(),
@@ -57,7 +57,7 @@ TEST(SettingsChange, ACountryTakesItsPrefixAlong) {
 }
 
 TEST(SettingsChange, TheCustomRowTakesTheStoredPrefix) {
-  SettingsChange change({{"customPrefix", "*99"}});
+  SettingsChange change(Stored{{"customPrefix", "*99"}});
   change.chooseCustom();
   EXPECT_EQ(change.after(), (Stored{{"customPrefix", "*99"},
                                     {"selectedCountry", "Custom (enter below)"},
@@ -65,49 +65,49 @@ TEST(SettingsChange, TheCustomRowTakesTheStoredPrefix) {
 }
 
 TEST(SettingsChange, TheCustomRowWithoutAPrefixLeavesNone) {
-  SettingsChange change({});
+  SettingsChange change(Stored{});
   change.set(settings::kSelectedCountry, kCustomRow);
   EXPECT_EQ(change.after().at("selectedPrefix"), PropertyListValue(""));
 }
 
 TEST(SettingsChange, ACustomPrefixIsInForceOnlyWhileItsRowIsChosen) {
-  SettingsChange country({{"selectedCountry", "Canada"}, {"selectedPrefix", "*67"}});
+  SettingsChange country(Stored{{"selectedCountry", "Canada"}, {"selectedPrefix", "*67"}});
   country.set(settings::kCustomPrefix, "*99");
   EXPECT_EQ(country.after().at("selectedPrefix"), PropertyListValue("*67"));
 
-  SettingsChange custom({{"selectedCountry", kCustomRow}, {"selectedPrefix", ""}});
+  SettingsChange custom(Stored{{"selectedCountry", kCustomRow}, {"selectedPrefix", ""}});
   custom.set(settings::kCustomPrefix, "*99");
   EXPECT_EQ(custom.after().at("selectedPrefix"), PropertyListValue("*99"));
 }
 
 TEST(SettingsChange, ResettingLeavesOutWhatIsChangedWithWhatGoesAlong) {
-  SettingsChange change({{"dialerMode", 1},
-                         {"dialerModeText", "Hold"},
-                         {"selectedCountry", "Canada"},
-                         {"selectedPrefix", "*67"},
-                         {"customText", "Sure?"},
-                         {"seen_tweaks", PropertyListArray{"a"}},
-                         {"other", "kept"}});
+  SettingsChange change(Stored{{"dialerMode", 1},
+                               {"dialerModeText", "Hold"},
+                               {"selectedCountry", "Canada"},
+                               {"selectedPrefix", "*67"},
+                               {"customText", "Sure?"},
+                               {"seen_tweaks", PropertyListArray{"a"}},
+                               {"other", "kept"}});
   change.resetAll();
   EXPECT_EQ(change.after(), (Stored{{"other", "kept"}}));
 }
 
 TEST(SettingsChange, ResettingChangesNothingWhereEverythingHasItsDefault) {
-  SettingsChange change({{"dialerMode", 0},
-                         {"dialerModeText", "Swipe"},
-                         {"dialButtonStyle", 1},
-                         {"systemwideButtonStyle", 1},
-                         {"buttonStyleText", "Style 1 & 1"},
-                         {"selectedCountry", "Most other counties"},
-                         {"selectedPrefix", "#31#"},
-                         {"customPrefix", ""}});
+  SettingsChange change(Stored{{"dialerMode", 0},
+                               {"dialerModeText", "Swipe"},
+                               {"dialButtonStyle", 1},
+                               {"systemwideButtonStyle", 1},
+                               {"buttonStyleText", "Style 1 & 1"},
+                               {"selectedCountry", "Most other counties"},
+                               {"selectedPrefix", "#31#"},
+                               {"customPrefix", ""}});
   change.resetAll();
   EXPECT_TRUE(change.isEmpty());
 }
 
 TEST(SettingsChange, ResettingOneButtonKeepsTheOther) {
-  SettingsChange change(
-      {{"dialButtonStyle", 2}, {"systemwideButtonStyle", 3}, {"buttonStyleText", "Style 2 & 3"}});
+  SettingsChange change(Stored{
+      {"dialButtonStyle", 2}, {"systemwideButtonStyle", 3}, {"buttonStyleText", "Style 2 & 3"}});
   change.reset(settings::kDialButtonStyle);
   EXPECT_EQ(change.after(),
             (Stored{{"systemwideButtonStyle", 3}, {"buttonStyleText", "Style 1 & 3"}}));
@@ -116,27 +116,27 @@ TEST(SettingsChange, ResettingOneButtonKeepsTheOther) {
 }
 
 TEST(SettingsChange, ResettingOneButtonThatHasItsDefaultChangesNothing) {
-  SettingsChange change(
-      {{"dialButtonStyle", 1}, {"systemwideButtonStyle", 3}, {"buttonStyleText", "Style 1 & 3"}});
+  SettingsChange change(Stored{
+      {"dialButtonStyle", 1}, {"systemwideButtonStyle", 3}, {"buttonStyleText", "Style 1 & 3"}});
   change.reset(settings::kDialButtonStyle);
   EXPECT_TRUE(change.isEmpty());
 }
 
 TEST(SettingsChange, ResettingAModePutsATextRightThatDoesNotFit) {
-  SettingsChange change({{"dialerMode", 0}, {"dialerModeText", "Hold"}});
+  SettingsChange change(Stored{{"dialerMode", 0}, {"dialerModeText", "Hold"}});
   change.reset(settings::kDialerMode);
   EXPECT_EQ(change.after(), Stored());
 }
 
 TEST(SettingsChange, ResettingTheCustomPrefixWhileItsRowIsChosenLeavesNoPrefix) {
   SettingsChange change(
-      {{"selectedCountry", kCustomRow}, {"selectedPrefix", "*99"}, {"customPrefix", "*99"}});
+      Stored{{"selectedCountry", kCustomRow}, {"selectedPrefix", "*99"}, {"customPrefix", "*99"}});
   change.reset(settings::kCustomPrefix);
   EXPECT_EQ(change.after(), (Stored{{"selectedCountry", kCustomRow}, {"selectedPrefix", ""}}));
 }
 
 TEST(SettingsChange, TellsWhatDiffersInTheOrderOfTheTable) {
-  SettingsChange change({{"selectedCountry", "Canada"}, {"selectedPrefix", "*67"}});
+  SettingsChange change(Stored{{"selectedCountry", "Canada"}, {"selectedPrefix", "*67"}});
   change.set(settings::kSelectedCountry, "US");
   change.set(settings::kDialerMode, 2);
   std::vector<std::string> keys;

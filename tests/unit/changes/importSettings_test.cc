@@ -32,7 +32,7 @@ std::string document(const std::string& settings) {
 }
 
 std::string refusalOf(const std::string& bytes) {
-  SettingsChange change({{"dialerMode", 2}, {"dialerModeText", "Show always"}});
+  SettingsChange change(Stored{{"dialerMode", 2}, {"dialerModeText", "Show always"}});
   const auto refusal = importSettings(bytes, change);
   EXPECT_TRUE(change.isEmpty() || !refusal);
   return refusal ? refusal->place + ": " + refusal->sentence : "";
@@ -62,7 +62,7 @@ TEST(ImportSettings, GivesWhatWasExported) {
   for (const auto& stored :
        {kFull, Stored{}, Stored{{"selectedCountry", "UK "}, {"selectedPrefix", "141"}},
         Stored{{"customText", ""}}, Stored{{"seen_tweaks", PropertyListArray{}}}}) {
-    SettingsChange change({});
+    SettingsChange change(Stored{});
     const auto refusal = importSettings(exportSettings(stored).text, change);
     EXPECT_FALSE(refusal) << refusal->place << refusal->sentence;
     EXPECT_EQ(change.after(), stored);
@@ -70,7 +70,7 @@ TEST(ImportSettings, GivesWhatWasExported) {
 }
 
 TEST(ImportSettings, KeepsWhatTheFileDoesNotSet) {
-  SettingsChange change({{"customText", "kept"}, {"other", 1}});
+  SettingsChange change(Stored{{"customText", "kept"}, {"other", 1}});
   ASSERT_FALSE(importSettings(document(R"("dialerMode": 1)"), change));
   EXPECT_EQ(
       change.after(),
@@ -79,7 +79,7 @@ TEST(ImportSettings, KeepsWhatTheFileDoesNotSet) {
 }
 
 TEST(ImportSettings, MakesTheWordsAnew) {
-  SettingsChange change({});
+  SettingsChange change(Stored{});
   ASSERT_FALSE(importSettings(document(R"("dialerMode": 2, "dialerModeText": "Hold")"), change));
   EXPECT_EQ(change.after(), (Stored{{"dialerMode", 2}, {"dialerModeText", "Show always"}}));
 }
@@ -90,7 +90,7 @@ TEST(ImportSettings, ReadsThePropertyListOfAPhone) {
   const auto binary = BinaryPropertyListWriter().write(kFull);
   ASSERT_TRUE(binary && binary->starts_with("bplist"));
   for (const auto& bytes : {*xml, *binary}) {
-    SettingsChange change({});
+    SettingsChange change(Stored{});
     EXPECT_FALSE(importSettings(bytes, change));
     EXPECT_EQ(change.after(), kFull);
   }
@@ -160,7 +160,7 @@ TEST(ImportSettings, EveryChangeOfOneByteIsRefusedOrUnderstood) {
     const char original = bytes[place];
     for (int byte = 0; byte < 256; ++byte) {
       bytes[place] = static_cast<char>(byte);
-      SettingsChange change({});
+      SettingsChange change(Stored{});
       if (importSettings(bytes, change)) {
         EXPECT_TRUE(change.isEmpty()) << place << ' ' << byte;
       } else {
