@@ -51,13 +51,13 @@ NSUInteger optimalFrameCacheSize(const UIImage& poster, NSUInteger frameCount) {
 // How the frame is drawn: a bitmap has alpha premultiplied, or none at all.
 CGImageAlphaInfo bitmapAlphaInfo(CGImageAlphaInfo info) {
   switch (info) {
-    case CGImageAlphaInfo::none:
-    case CGImageAlphaInfo::only:
-      return CGImageAlphaInfo::noneSkipFirst;
-    case CGImageAlphaInfo::first:
-      return CGImageAlphaInfo::premultipliedFirst;
-    case CGImageAlphaInfo::last:
-      return CGImageAlphaInfo::premultipliedLast;
+    case CGImageAlphaInfo::kNone:
+    case CGImageAlphaInfo::kOnly:
+      return CGImageAlphaInfo::kNoneSkipFirst;
+    case CGImageAlphaInfo::kFirst:
+      return CGImageAlphaInfo::kPremultipliedFirst;
+    case CGImageAlphaInfo::kLast:
+      return CGImageAlphaInfo::kPremultipliedLast;
     default:
       return info;
   }

@@ -26,7 +26,7 @@ bool CurlLibrary::load() {
   if (!library) {
     return false;
   }
-  decltype(&curl_global_init) global_init = nullptr;
+  decltype(&curl_global_init) initialise = nullptr;
   return find(library, "curl_free", free) && find(library, "curl_slist_append", slist_append) &&
          find(library, "curl_slist_free_all", slist_free_all) && find(library, "curl_url", url) &&
          find(library, "curl_url_cleanup", url_cleanup) && find(library, "curl_url_get", url_get) &&
@@ -43,6 +43,6 @@ bool CurlLibrary::load() {
          find(library, "curl_multi_poll", multi_poll) &&
          find(library, "curl_multi_remove_handle", multi_remove_handle) &&
          find(library, "curl_multi_wakeup", multi_wakeup) &&
-         find(library, "curl_global_init", global_init) &&
-         global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
+         find(library, "curl_global_init", initialise) &&
+         initialise(CURL_GLOBAL_DEFAULT) == CURLE_OK;
 }

@@ -10,6 +10,7 @@ struct CurlLibrary {
   /// thread.
   static const CurlLibrary* shared();
 
+  // NOLINTBEGIN(readability-identifier-naming)
   decltype(&curl_free) free;
   decltype(&curl_slist_append) slist_append;
   decltype(&curl_slist_free_all) slist_free_all;
@@ -29,6 +30,7 @@ struct CurlLibrary {
   decltype(&curl_multi_poll) multi_poll;
   decltype(&curl_multi_remove_handle) multi_remove_handle;
   decltype(&curl_multi_wakeup) multi_wakeup;
+  // NOLINTEND(readability-identifier-naming)
 
  private:
   CurlLibrary() = default;

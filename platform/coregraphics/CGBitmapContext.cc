@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr std::uint32_t opaqueBlack = 0xFF000000;
+constexpr std::uint32_t kOpaqueBlack = 0xFF000000;
 
 std::uint32_t sourceOver(std::uint32_t source, std::uint32_t under) {
   const std::uint32_t rest = 255 - (source >> 24);
@@ -57,10 +57,10 @@ std::unique_ptr<CGBitmapContext> CGBitmapContext::create(std::size_t width, std:
                                                          std::size_t bytesPerRow,
                                                          CGColorSpace /*space*/,
                                                          CGImageAlphaInfo alphaInfo) {
-  const bool known = alphaInfo == CGImageAlphaInfo::premultipliedFirst ||
-                     alphaInfo == CGImageAlphaInfo::noneSkipFirst;
+  const bool known = alphaInfo == CGImageAlphaInfo::kPremultipliedFirst ||
+                     alphaInfo == CGImageAlphaInfo::kNoneSkipFirst;
   if (!known || bitsPerComponent != 8 || width == 0 || height == 0 ||
-      width > PixelBuffer::maximumPixelCount / height ||
+      width > PixelBuffer::kMaximumPixelCount / height ||
       (bytesPerRow != 0 && bytesPerRow != width * sizeof(std::uint32_t))) {
     return nullptr;
   }
@@ -86,7 +86,7 @@ void CGBitmapContext::drawImage(const CGRect& rect, const CGImage& image) {
     return;
   }
   const std::uint32_t forced =
-      image.alphaInfo() == CGImageAlphaInfo::noneSkipFirst ? opaqueBlack : 0;
+      image.alphaInfo() == CGImageAlphaInfo::kNoneSkipFirst ? kOpaqueBlack : 0;
   const Extent across(rect.origin.x, rect.size.width);
   const Extent down(rect.origin.y, rect.size.height);
   const std::size_t left = across.first(width_);
@@ -119,8 +119,8 @@ PixelBuffer* CGBitmapContext::writablePixels() {
       std::copy_n(drawn.data(), drawn.size(), own_->pixels().data());
       shared_.reset();
     } else if (own_) {
-      const bool hasAlpha = alphaInfo_ == CGImageAlphaInfo::premultipliedFirst;
-      std::fill_n(own_->pixels().data(), width_ * height_, hasAlpha ? 0 : opaqueBlack);
+      const bool hasAlpha = alphaInfo_ == CGImageAlphaInfo::kPremultipliedFirst;
+      std::fill_n(own_->pixels().data(), width_ * height_, hasAlpha ? 0 : kOpaqueBlack);
     }
   }
   return own_.get();

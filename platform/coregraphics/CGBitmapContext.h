@@ -19,7 +19,7 @@ class PLATFORM_API CGBitmapContext {
   /// An empty context: transparent, or black where `alphaInfo` has no alpha. Like
   /// CGBitmapContextCreate without a buffer and without a byte-order flag, which on this platform
   /// means the layout of PixelBuffer. `bytesPerRow` may be 0 for 4 x width. Null for anything but 8
-  /// bits a component, rows of 4 x width bytes, `premultipliedFirst` or `noneSkipFirst`, or for a
+  /// bits a component, rows of 4 x width bytes, `kPremultipliedFirst` or `kNoneSkipFirst`, or for a
   /// size that PixelBuffer refuses.
   static std::unique_ptr<CGBitmapContext> create(std::size_t width, std::size_t height,
                                                  std::size_t bitsPerComponent,

@@ -28,7 +28,7 @@ std::shared_ptr<const CGImage> CGImage::create(std::shared_ptr<const PixelBuffer
 std::shared_ptr<const CGImage> CGImage::create(std::size_t width, std::size_t height,
                                                std::shared_ptr<PixelProvider> provider,
                                                std::size_t picture) {
-  return std::make_shared<CGImage>(Private{}, width, height, CGImageAlphaInfo::premultipliedFirst,
+  return std::make_shared<CGImage>(Private{}, width, height, CGImageAlphaInfo::kPremultipliedFirst,
                                    nullptr, std::move(provider), picture);
 }
 

@@ -10,14 +10,14 @@
 /// Where a pixel's alpha is, and whether its colours are premultiplied by it. Values are the
 /// phone's.
 enum class CGImageAlphaInfo {
-  none = 0,
-  premultipliedLast = 1,
-  premultipliedFirst = 2,
-  last = 3,
-  first = 4,
-  noneSkipLast = 5,
-  noneSkipFirst = 6,
-  only = 7,
+  kNone = 0,
+  kPremultipliedLast = 1,
+  kPremultipliedFirst = 2,
+  kLast = 3,
+  kFirst = 4,
+  kNoneSkipLast = 5,
+  kNoneSkipFirst = 6,
+  kOnly = 7,
 };
 
 /// Makes the pixels of pictures, which it knows by numbers, when they are first asked for.
@@ -42,7 +42,7 @@ class PLATFORM_API CGImage {
   /// A picture of these pixels, which nobody may write any more. Null for no pixels.
   static std::shared_ptr<const CGImage> create(
       std::shared_ptr<const PixelBuffer> pixels,
-      CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::premultipliedFirst);
+      CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::kPremultipliedFirst);
 
   /// A picture whose pixels come from `provider`, by the number `picture`, when they are first
   /// needed, and are exactly `width` x `height`.
@@ -59,7 +59,7 @@ class PLATFORM_API CGImage {
   std::size_t height() const { return height_; }
   /// Always 4 x width.
   std::size_t bytesPerRow() const { return width_ * sizeof(std::uint32_t); }
-  /// `premultipliedFirst`, or `noneSkipFirst` when it was drawn without alpha. The word is in the
+  /// `kPremultipliedFirst`, or `kNoneSkipFirst` when it was drawn without alpha. The word is in the
   /// machine's byte order, see PixelBuffer.
   CGImageAlphaInfo alphaInfo() const { return alphaInfo_; }
 

@@ -3,7 +3,7 @@
 #include <new>
 
 std::shared_ptr<PixelBuffer> PixelBuffer::create(std::size_t width, std::size_t height) {
-  if (width == 0 || height == 0 || width > maximumPixelCount / height) {
+  if (width == 0 || height == 0 || width > kMaximumPixelCount / height) {
     return nullptr;
   }
   std::unique_ptr<std::uint32_t[]> pixels(new (std::nothrow) std::uint32_t[width * height]);

@@ -17,7 +17,7 @@
 class PLATFORM_API PixelBuffer {
  public:
   /// Most pixels that one picture may have: 64 MiB of memory.
-  static constexpr std::size_t maximumPixelCount = std::size_t{1} << 24;
+  static constexpr std::size_t kMaximumPixelCount = std::size_t{1} << 24;
 
   /// Contents are undefined. Null if a side is 0, the picture is larger than the maximum, or there
   /// is no memory.

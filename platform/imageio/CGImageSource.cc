@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr unsigned minimumDelay = 2;  // hundredths of a second
-constexpr double defaultDelayTime = 0.1;
+constexpr unsigned kMinimumDelay = 2;  // hundredths of a second
+constexpr double kDefaultDelayTime = 0.1;
 
 }  // namespace
 
@@ -55,7 +55,8 @@ std::optional<CGImageProperties> CGImageSource::copyPropertiesAtIndex(std::size_
   const GIFFrame frame = structure.frame(index);
   if (frame.hasControlExtension) {
     properties.gif.unclampedDelayTime = frame.delay / 100.0;
-    properties.gif.delayTime = frame.delay < minimumDelay ? defaultDelayTime : frame.delay / 100.0;
+    properties.gif.delayTime =
+        frame.delay < kMinimumDelay ? kDefaultDelayTime : frame.delay / 100.0;
   }
   return properties;
 }

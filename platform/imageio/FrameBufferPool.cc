@@ -66,7 +66,7 @@ bool FrameBufferPool::endUse(FrameBuffer& buffer) {
 
 void FrameBufferPool::keepFree(const std::shared_ptr<FrameBuffer>& buffer) {
   const std::lock_guard lock(mutex_);
-  if (free_.size() < maximumFree) {
+  if (free_.size() < kMaximumFree) {
     free_.push_back(buffer);
   }
 }

@@ -14,11 +14,11 @@ class FrameBufferPool;
 
 /// A buffer of the size of the canvas, and which frame it shows.
 struct FrameBuffer {
-  static constexpr std::size_t noFrame = std::numeric_limits<std::size_t>::max();
+  static constexpr std::size_t kNoFrame = std::numeric_limits<std::size_t>::max();
 
   std::shared_ptr<PixelBuffer> pixels;
   std::weak_ptr<FrameBufferPool> pool;  // where it goes when it is free
-  std::size_t frame = noFrame;
+  std::size_t frame = kNoFrame;
   /// Loans, and places that the pool keeps it in. When there is none it is free.
   std::atomic<std::size_t> uses{0};
 };
@@ -26,13 +26,13 @@ struct FrameBuffer {
 /// Recycles the frame buffers of one animation, so that steady play takes no fresh memory.
 ///
 /// Frames are lent out read-only; when the last holder drops one, on any thread, it comes back with
-/// its contents as they were. At most `maximumFree` wait for their next use, the rest is given back
-/// to the system, so dropping many frames frees their memory.
+/// its contents as they were. At most `kMaximumFree` wait for their next use, the rest is given
+/// back to the system, so dropping many frames frees their memory.
 ///
 /// One thread at a time calls the members; loans end on any thread.
 class FrameBufferPool : public std::enable_shared_from_this<FrameBufferPool> {
  public:
-  static constexpr std::size_t maximumFree = 2;
+  static constexpr std::size_t kMaximumFree = 2;
 
   FrameBufferPool(std::size_t width, std::size_t height) : width_(width), height_(height) {}
 

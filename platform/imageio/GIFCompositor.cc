@@ -7,17 +7,17 @@
 namespace {
 
 // Beyond this many frames a buffer is not worth following; it is copied whole.
-constexpr std::size_t maximumFollowedFrames = 64;
+constexpr std::size_t kMaximumFollowedFrames = 64;
 // A canvas of so few pixels is copied sooner than it is found out which ones.
-constexpr std::size_t copiedWhole = 1024;
+constexpr std::size_t kCopiedWhole = 1024;
 
 std::size_t keptSpacingFor(const GIFStructure& structure) {
   const std::size_t canvasBytes = structure.width() * structure.height() * sizeof(std::uint32_t);
-  const std::size_t canvases = GIFCompositor::maximumKeptBytes / canvasBytes;
+  const std::size_t canvases = GIFCompositor::kMaximumKeptBytes / canvasBytes;
   if (canvases == 0) {
     return 0;
   }
-  return std::max(GIFCompositor::minimumKeptSpacing, structure.frameCount() / (canvases + 1) + 1);
+  return std::max(GIFCompositor::kMinimumKeptSpacing, structure.frameCount() / (canvases + 1) + 1);
 }
 
 }  // namespace
@@ -36,7 +36,7 @@ std::shared_ptr<const PixelBuffer> GIFCompositor::makePixels(std::size_t index) 
     return nullptr;
   }
   Lock lock = enter();
-  if (compositeInTurn(index, lock) != Outcome::done) {
+  if (compositeInTurn(index, lock) != Outcome::kDone) {
     pool_->setCurrent(nullptr);  // its disposal may have lost what it needs
     pool_->setUnder(nullptr);
     return nullptr;
@@ -73,10 +73,10 @@ void GIFCompositor::giveWay(Lock& lock) {
 /// Whether the lock must not be held for the whole way.
 bool GIFCompositor::isLong(Start start, std::size_t index) const {
   std::size_t pixels = 0;
-  for (std::size_t i = start.first; i < index && pixels <= maximumPixelsAtOnce; ++i) {
+  for (std::size_t i = start.first; i < index && pixels <= kMaximumPixelsAtOnce; ++i) {
     pixels += structure_.pixelCount(i);
   }
-  return pixels > maximumPixelsAtOnce;
+  return pixels > kMaximumPixelsAtOnce;
 }
 
 /// While it lives, the one long jump is under way, if it is one.
@@ -105,7 +105,7 @@ GIFCompositor::Outcome GIFCompositor::compositeInTurn(std::size_t index, Lock& l
   std::size_t from = index;
   while (!pool_->current() || pool_->current()->frame != index) {
     if (coverage_.empty()) {
-      coverage_.resize(structure_.frameCount(), Coverage::unknown);
+      coverage_.resize(structure_.frameCount(), Coverage::kUnknown);
     }
     const Start start = findStart(index, from);
     const bool isLongJump = start.first < index && isLong(start, index);
@@ -115,61 +115,61 @@ GIFCompositor::Outcome GIFCompositor::compositeInTurn(std::size_t index, Lock& l
     }
     const Turn turn(isLongJump ? this : nullptr);
     const Outcome outcome = composite(index, start, isLongJump ? &lock : nullptr);
-    if (outcome != Outcome::coverageWasWrong) {
+    if (outcome != Outcome::kCoverageWasWrong) {
       return outcome;
     }
     from = start.first;  // which is known now not to be a start
     giveWay(lock);
   }
-  return Outcome::done;
+  return Outcome::kDone;
 }
 
 /// Whether nothing of the canvas is left to see under the frame, as far as is known.
 bool GIFCompositor::coversAll(std::size_t index) const {
   return structure_.isDecodable(index) && !structure_.hasTransparency(index) &&
-         structure_.coversCanvas(index) && coverage_[index] != Coverage::partial;
+         structure_.coversCanvas(index) && coverage_[index] != Coverage::kPartial;
 }
 
 bool GIFCompositor::clearsAll(std::size_t index) const {
-  return structure_.disposal(index) == GIFDisposal::clear && structure_.isDecodable(index) &&
+  return structure_.disposal(index) == GIFDisposal::kClear && structure_.isDecodable(index) &&
          structure_.coversCanvas(index);
 }
 
 /// Whether an empty canvas need not be cleared for the start's first frame, since that writes every
 /// pixel.
 bool GIFCompositor::replacesCanvas(Start start, std::size_t index) const {
-  if (start.origin != Origin::empty && start.origin != Origin::nothingNeeded) {
+  if (start.origin != Origin::kEmpty && start.origin != Origin::kNothingNeeded) {
     return false;
   }
   const GIFDisposal disposal = structure_.disposal(start.first);
   const bool isDrawn =
-      disposal == GIFDisposal::keep || (start.first == index && disposal == GIFDisposal::clear);
+      disposal == GIFDisposal::kKeep || (start.first == index && disposal == GIFDisposal::kClear);
   return isDrawn && structure_.isDecodable(start.first) && structure_.coversCanvas(start.first) &&
-         coverage_[start.first] != Coverage::partial;
+         coverage_[start.first] != Coverage::kPartial;
 }
 
 /// The nearest one at or before `from`, when all between that and the frame are none.
 GIFCompositor::Start GIFCompositor::findStart(std::size_t index, std::size_t from) {
-  const std::size_t current = pool_->current() ? pool_->current()->frame : FrameBuffer::noFrame;
+  const std::size_t current = pool_->current() ? pool_->current()->frame : FrameBuffer::kNoFrame;
   // In place, what the data turns out not to give is right as it is; no need to rely on it.
   if (index > 0 && current == index - 1 && pool_->isCurrentWritable() && !clearsAll(current)) {
-    return {Origin::currentFrame, index};
+    return {Origin::kCurrentFrame, index};
   }
   for (std::size_t first = from;; --first) {
     const GIFDisposal disposal = structure_.disposal(first);
     const bool staysDrawn =
-        first == index ? disposal != GIFDisposal::restorePrevious : disposal == GIFDisposal::keep;
+        first == index ? disposal != GIFDisposal::kRestorePrevious : disposal == GIFDisposal::kKeep;
     if (staysDrawn && coversAll(first)) {
-      return {Origin::nothingNeeded, first};
+      return {Origin::kNothingNeeded, first};
     }
     if (first == 0 || clearsAll(first - 1)) {
-      return {Origin::empty, first};
+      return {Origin::kEmpty, first};
     }
     if (current == first - 1) {
-      return {Origin::currentFrame, first};
+      return {Origin::kCurrentFrame, first};
     }
     if (kept_.contains(first)) {
-      return {Origin::keptCanvas, first};
+      return {Origin::kKeptCanvas, first};
     }
   }
 }
@@ -180,7 +180,7 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, 
   std::shared_ptr<FrameBuffer> taken = isInPlace ? nullptr : pool_->take();
   FrameBuffer* const target = isInPlace ? pool_->current().get() : taken.get();
   if (target == nullptr) {
-    return Outcome::noMemory;
+    return Outcome::kNoMemory;
   }
 
   const bool replacesAll = replacesCanvas(start, index);
@@ -190,13 +190,13 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, 
   if (!replacesAll) {
     prepare(*target, start, replacesRect);
   }
-  target->frame = FrameBuffer::noFrame;
+  target->frame = FrameBuffer::kNoFrame;
   std::unique_ptr<GIFDrawnPixels> drawn;
   if (start.first < index && needsDrawnPixels(start, index)) {
     drawn = GIFDrawnPixels::create(structure_.width(), structure_.height(),
-                                   start.origin == Origin::empty);
+                                   start.origin == Origin::kEmpty);
     if (!drawn) {
-      return Outcome::noMemory;
+      return Outcome::kNoMemory;
     }
   }
   if (lock != nullptr && isInPlace) {
@@ -212,36 +212,37 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, 
       continue;
     }
     if (lock != nullptr &&
-        work_ + painter_.decodedPixelCount() - workAtEntry > maximumPixelsAtOnce) {
+        work_ + painter_.decodedPixelCount() - workAtEntry > kMaximumPixelsAtOnce) {
       before.reset();
       giveWay(*lock);
       workAtEntry = work_ + painter_.decodedPixelCount();
     }
     const GIFDisposal disposal = structure_.disposal(i);
-    if (i < index && disposal != GIFDisposal::keep) {
-      if (disposal == GIFDisposal::clear) {
+    if (i < index && disposal != GIFDisposal::kKeep) {
+      if (disposal == GIFDisposal::kClear) {
         work_ += drawn->clear(structure_.visibleRect(i), *target->pixels);
         before.reset();
       }
       continue;
     }
-    if (i < index || disposal != GIFDisposal::restorePrevious) {
+    if (i < index || disposal != GIFDisposal::kRestorePrevious) {
       before.reset();
     } else if (!before && !save(structure_.visibleRect(i), *target->pixels)) {
-      return Outcome::noMemory;
+      return Outcome::kNoMemory;
     }
     const bool isReplacing = (replacesAll || replacesRect) && i == start.first;
-    GIFPainter::Result result = paint(
-        i, *target, isReplacing ? GIFPainter::Mode::replace : GIFPainter::Mode::over, drawn.get());
-    if (isReplacing && result == GIFPainter::Result::partial) {
-      if (start.origin == Origin::nothingNeeded) {
-        return Outcome::coverageWasWrong;
+    GIFPainter::Result result =
+        paint(i, *target, isReplacing ? GIFPainter::Mode::kReplace : GIFPainter::Mode::kOver,
+              drawn.get());
+    if (isReplacing && result == GIFPainter::Result::kPartial) {
+      if (start.origin == Origin::kNothingNeeded) {
+        return Outcome::kCoverageWasWrong;
       }
       clearRect(structure_.visibleRect(i), *target->pixels);
-      result = paint(i, *target, GIFPainter::Mode::over, drawn.get());
+      result = paint(i, *target, GIFPainter::Mode::kOver, drawn.get());
     }
-    if (result == GIFPainter::Result::noMemory) {
-      return Outcome::noMemory;
+    if (result == GIFPainter::Result::kNoMemory) {
+      return Outcome::kNoMemory;
     }
   }
   target->frame = index;
@@ -254,13 +255,13 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, 
   if (taken) {
     pool_->setCurrent(std::move(taken));
   }
-  return Outcome::done;
+  return Outcome::kDone;
 }
 
 /// Whether anything on the way is cleared.
 bool GIFCompositor::needsDrawnPixels(Start start, std::size_t index) const {
   for (std::size_t i = start.first; i < index; ++i) {
-    if (structure_.disposal(i) == GIFDisposal::clear) {
+    if (structure_.disposal(i) == GIFDisposal::kClear) {
       return true;
     }
   }
@@ -269,26 +270,26 @@ bool GIFCompositor::needsDrawnPixels(Start start, std::size_t index) const {
 
 /// Whether the frame is all that will be seen where the one before it was cleared.
 bool GIFCompositor::replacesClearedRect(Start start, std::size_t index) const {
-  if (start.origin != Origin::currentFrame || start.first != index ||
-      structure_.disposal(pool_->current()->frame) != GIFDisposal::clear) {
+  if (start.origin != Origin::kCurrentFrame || start.first != index ||
+      structure_.disposal(pool_->current()->frame) != GIFDisposal::kClear) {
     return false;
   }
   const std::size_t current = pool_->current()->frame;
-  return structure_.disposal(index) != GIFDisposal::restorePrevious &&
-         coverage_[index] != Coverage::partial &&
+  return structure_.disposal(index) != GIFDisposal::kRestorePrevious &&
+         coverage_[index] != Coverage::kPartial &&
          structure_.visibleRect(current).contains(structure_.visibleRect(index));
 }
 
 /// A buffer besides the target that shows the canvas before the start's first frame; may be null.
 std::shared_ptr<FrameBuffer> GIFCompositor::bufferBefore(Start start,
                                                          const FrameBuffer& target) const {
-  if (start.origin != Origin::currentFrame) {
+  if (start.origin != Origin::kCurrentFrame) {
     return nullptr;
   }
   switch (structure_.disposal(pool_->current()->frame)) {
-    case GIFDisposal::keep:
+    case GIFDisposal::kKeep:
       return &target == pool_->current().get() ? nullptr : pool_->current();
-    case GIFDisposal::restorePrevious:
+    case GIFDisposal::kRestorePrevious:
       return pool_->under();
     default:
       return nullptr;
@@ -300,18 +301,18 @@ std::shared_ptr<FrameBuffer> GIFCompositor::bufferBefore(Start start,
 void GIFCompositor::prepare(FrameBuffer& target, Start start, bool replacesRect) {
   const std::size_t pixelCount = structure_.width() * structure_.height();
   switch (start.origin) {
-    case Origin::nothingNeeded:
+    case Origin::kNothingNeeded:
       break;
-    case Origin::empty:
+    case Origin::kEmpty:
       std::fill_n(target.pixels->pixels().data(), pixelCount, 0);
       work_ += pixelCount;
       break;
-    case Origin::keptCanvas:
+    case Origin::kKeptCanvas:
       std::copy_n(kept_.at(start.first)->pixels().data(), pixelCount,
                   target.pixels->pixels().data());
       work_ += pixelCount;
       break;
-    case Origin::currentFrame:
+    case Origin::kCurrentFrame:
       prepareFromCurrent(target, start.first, replacesRect);
       break;
   }
@@ -320,25 +321,25 @@ void GIFCompositor::prepare(FrameBuffer& target, Start start, bool replacesRect)
 void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect) {
   const FrameBuffer& current = *pool_->current();
   const GIFDisposal disposal = structure_.disposal(current.frame);
-  if (disposal == GIFDisposal::keep && &target == &current) {
+  if (disposal == GIFDisposal::kKeep && &target == &current) {
     return;
   }
   const GIFRect rect = structure_.visibleRect(current.frame);
-  if (disposal == GIFDisposal::restorePrevious && pool_->under()) {
+  if (disposal == GIFDisposal::kRestorePrevious && pool_->under()) {
     findChanges(target, *pool_->under());
     work_ += changes_.copy(*pool_->under()->pixels, *target.pixels);
     return;
   }
   if (&target != &current) {
     findChanges(target, current);
-    if (disposal != GIFDisposal::keep) {
+    if (disposal != GIFDisposal::kKeep) {
       changes_.subtract(rect);
     }
     work_ += changes_.copy(*current.pixels, *target.pixels);
   }
-  if (disposal == GIFDisposal::restorePrevious) {
+  if (disposal == GIFDisposal::kRestorePrevious) {
     restore(rect, *target.pixels);
-  } else if (disposal == GIFDisposal::clear) {
+  } else if (disposal == GIFDisposal::kClear) {
     clearAround(replacesRect ? structure_.visibleRect(first) : GIFRect{}, rect, *target.pixels);
   }
 }
@@ -348,15 +349,15 @@ void GIFCompositor::prepareFromCurrent(FrameBuffer& target, std::size_t first, b
 void GIFCompositor::findChanges(const FrameBuffer& target, const FrameBuffer& from) {
   changes_.clear();
   const auto [first, last] = std::minmax(target.frame, from.frame);
-  if (target.frame == FrameBuffer::noFrame || last - first > maximumFollowedFrames ||
-      structure_.width() * structure_.height() <= copiedWhole) {
+  if (target.frame == FrameBuffer::kNoFrame || last - first > kMaximumFollowedFrames ||
+      structure_.width() * structure_.height() <= kCopiedWhole) {
     changes_.addAll();
     return;
   }
   for (std::size_t i = first; i <= last; ++i) {
     const GIFDisposal disposal = structure_.disposal(i);
-    if ((i != first || disposal != GIFDisposal::keep) &&
-        (i == first || i == last || disposal != GIFDisposal::restorePrevious)) {
+    if ((i != first || disposal != GIFDisposal::kKeep) &&
+        (i == first || i == last || disposal != GIFDisposal::kRestorePrevious)) {
       changes_.add(structure_.visibleRect(i));
     }
   }
@@ -365,9 +366,9 @@ void GIFCompositor::findChanges(const FrameBuffer& target, const FrameBuffer& fr
 GIFPainter::Result GIFCompositor::paint(std::size_t index, FrameBuffer& target,
                                         GIFPainter::Mode mode, GIFDrawnPixels* drawn) {
   const GIFPainter::Result result = painter_.paint(index, target.pixels->pixels(), mode, drawn);
-  if (result != GIFPainter::Result::noMemory) {
+  if (result != GIFPainter::Result::kNoMemory) {
     coverage_[index] =
-        result == GIFPainter::Result::complete ? Coverage::complete : Coverage::partial;
+        result == GIFPainter::Result::kComplete ? Coverage::kComplete : Coverage::kPartial;
   }
   return result;
 }

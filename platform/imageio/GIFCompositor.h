@@ -36,22 +36,22 @@
 /// at most that many.
 ///
 /// A jump decodes no frame more than twice, all together at most 2 x
-/// GIFStructure::maximumCompositedPixelCount pixels and, since a code of at least 12 bits stands
+/// GIFStructure::kMaximumCompositedPixelCount pixels and, since a code of at least 12 bits stands
 /// for a string of less than 4,096 pixels, at most 2 x 2,731 for each byte of the file. It clears
-/// only what has been drawn since it was clear. Every `maximumPixelsAtOnce` it lets the calls that
+/// only what has been drawn since it was clear. Every `kMaximumPixelsAtOnce` it lets the calls that
 /// wait go first. What is longer than that goes one jump at a time.
 ///
 /// Memory besides the file, its structure and the frames that callers hold: one canvas, a second
-/// one with disposal 3, one byte a pixel of the largest frame, FrameBufferPool::maximumFree
-/// canvases once callers hold frames, and the kept canvases, `maximumKeptBytes` together; during a
+/// one with disposal 3, one byte a pixel of the largest frame, FrameBufferPool::kMaximumFree
+/// canvases once callers hold frames, and the kept canvases, `kMaximumKeptBytes` together; during a
 /// jump one bit a pixel, and one more canvas if others ask for frames meanwhile.
 class GIFCompositor : public PixelProvider {
  public:
-  static constexpr std::size_t maximumKeptBytes = std::size_t{8} << 20;
-  static constexpr std::size_t minimumKeptSpacing = 8;
+  static constexpr std::size_t kMaximumKeptBytes = std::size_t{8} << 20;
+  static constexpr std::size_t kMinimumKeptSpacing = 8;
   /// Others wait for so many pixels decoded, and what they need copied and cleared, and for the
   /// frame at hand: four canvases of the largest size.
-  static constexpr std::size_t maximumPixelsAtOnce = std::size_t{1} << 26;
+  static constexpr std::size_t kMaximumPixelsAtOnce = std::size_t{1} << 26;
 
   GIFCompositor(std::shared_ptr<const std::vector<std::uint8_t>> data, GIFStructure structure);
 
@@ -69,15 +69,15 @@ class GIFCompositor : public PixelProvider {
 
  private:
   /// Whether a frame's data gives all of its visible pixels; known once it has been decoded.
-  enum class Coverage : std::uint8_t { unknown, complete, partial };
+  enum class Coverage : std::uint8_t { kUnknown, kComplete, kPartial };
 
   /// From where the canvas before `first` is had.
-  enum class Origin { nothingNeeded, empty, currentFrame, keptCanvas };
+  enum class Origin { kNothingNeeded, kEmpty, kCurrentFrame, kKeptCanvas };
   struct Start {
     Origin origin;
     std::size_t first;
   };
-  enum class Outcome { done, coverageWasWrong, noMemory };
+  enum class Outcome { kDone, kCoverageWasWrong, kNoMemory };
 
   using Lock = std::unique_lock<std::mutex>;
   class Turn;

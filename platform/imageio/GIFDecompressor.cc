@@ -7,19 +7,19 @@
 namespace {
 
 // Strings are copied in pieces of this size, so up to this much is written after each.
-constexpr std::size_t piece = 16;
+constexpr std::size_t kPiece = 16;
 
 /// The two may overlap: a short string is often copied to just behind itself.
 void copyPiece(std::uint8_t* to, const std::uint8_t* from) {
-  std::array<std::uint8_t, piece> bytes;
-  std::memcpy(bytes.data(), from, piece);
-  std::memcpy(to, bytes.data(), piece);
+  std::array<std::uint8_t, kPiece> bytes;
+  std::memcpy(bytes.data(), from, kPiece);
+  std::memcpy(to, bytes.data(), kPiece);
 }
 
 }  // namespace
 
 bool GIFDecompressor::begin(std::span<const std::uint8_t> data, std::size_t pixelCount) {
-  const std::size_t needed = literalCount + pixelCount + tableSize + piece;
+  const std::size_t needed = kLiteralCount + pixelCount + kTableSize + kPiece;
   if (needed > capacity_) {
     output_.reset();
     capacity_ = 0;
@@ -28,7 +28,7 @@ bool GIFDecompressor::begin(std::span<const std::uint8_t> data, std::size_t pixe
       return false;
     }
     capacity_ = needed;
-    for (std::size_t literal = 0; literal < literalCount; ++literal) {
+    for (std::size_t literal = 0; literal < kLiteralCount; ++literal) {
       output_[literal] = static_cast<std::uint8_t>(literal);
     }
   }
@@ -38,7 +38,7 @@ bool GIFDecompressor::begin(std::span<const std::uint8_t> data, std::size_t pixe
   }
   literalsInTable_ = clearCode_;  // those above are overwritten by strings
   reader_ = GIFCodeReader(data.subspan(1));
-  written_ = literalCount;
+  written_ = kLiteralCount;
   pixelCount_ = pixelCount;
   ended_ = false;
   // The first code after a clear adds no string; what it would add goes to the end code's unused
@@ -53,7 +53,7 @@ std::size_t GIFDecompressor::decode(std::size_t count) {
   std::uint8_t* const output = output_.get();
   String* const table = table_.data();
   const unsigned clearCode = clearCode_;
-  const std::size_t end = literalCount + std::min(count, pixelCount_);
+  const std::size_t end = kLiteralCount + std::min(count, pixelCount_);
   GIFCodeReader reader = reader_;
   std::size_t written = written_;
   String last = last_;
@@ -71,7 +71,7 @@ std::size_t GIFDecompressor::decode(std::size_t count) {
       width = static_cast<unsigned>(std::bit_width(clearCode));
       continue;
     }
-    if (nextCode < tableSize) {
+    if (nextCode < kTableSize) {
       table[nextCode++] = {last.start, last.length + 1};
     }
     if (code >= nextCode || code == clearCode + 1) {
@@ -82,7 +82,7 @@ std::size_t GIFDecompressor::decode(std::size_t count) {
     const std::uint8_t* from = output + string.start;
     std::uint8_t* to = output + written;
     copyPiece(to, from);
-    for (std::size_t copied = piece; copied < string.length; copied += piece) {
+    for (std::size_t copied = kPiece; copied < string.length; copied += kPiece) {
       copyPiece(to + copied, from + copied);
     }
     // The newest string ends with the byte that it starts with here, copied before it was there.
@@ -92,7 +92,7 @@ std::size_t GIFDecompressor::decode(std::size_t count) {
     to[string.length - (isNewest ? 1 : 0)] = *from;
     last = {static_cast<std::uint32_t>(written), string.length};
     written += string.length;
-    if (nextCode > (1U << width) - 1 && width < maximumWidth) {
+    if (nextCode > (1U << width) - 1 && width < kMaximumWidth) {
       ++width;
     }
   }
@@ -102,5 +102,5 @@ std::size_t GIFDecompressor::decode(std::size_t count) {
   last_ = last;
   nextCode_ = nextCode;
   width_ = width;
-  return std::min(written - literalCount, pixelCount_);
+  return std::min(written - kLiteralCount, pixelCount_);
 }

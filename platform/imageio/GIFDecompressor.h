@@ -16,7 +16,7 @@
 /// the image in memory at once, one byte a pixel; the memory is kept for the next image.
 class GIFDecompressor {
  public:
-  /// Starts with an image of `pixelCount` indexes (at most PixelBuffer::maximumPixelCount) whose
+  /// Starts with an image of `pixelCount` indexes (at most PixelBuffer::kMaximumPixelCount) whose
   /// data begins at the minimum code size, 1 to 8. False if there is no memory.
   bool begin(std::span<const std::uint8_t> data, std::size_t pixelCount);
 
@@ -25,19 +25,19 @@ class GIFDecompressor {
   std::size_t decode(std::size_t count);
 
   /// The indexes so far, valid until the next begin().
-  const std::uint8_t* indexes() const { return output_.get() + literalCount; }
+  const std::uint8_t* indexes() const { return output_.get() + kLiteralCount; }
 
  private:
-  static constexpr std::size_t literalCount = 256;
-  static constexpr std::size_t tableSize = 4096;
-  static constexpr unsigned maximumWidth = 12;
+  static constexpr std::size_t kLiteralCount = 256;
+  static constexpr std::size_t kTableSize = 4096;
+  static constexpr unsigned kMaximumWidth = 12;
 
   struct String {
     std::uint32_t start;
     std::uint32_t length;
   };
 
-  std::array<String, tableSize> table_;
+  std::array<String, kTableSize> table_;
   unsigned literalsInTable_ = 0;
   // The literals, one byte each, then the indexes, then room for the end of the longest string.
   std::unique_ptr<std::uint8_t[]> output_;

@@ -6,22 +6,22 @@
 
 namespace {
 
-constexpr std::size_t bitsInWord = 64;
+constexpr std::size_t kBitsInWord = 64;
 
 /// The bits of one word that stand for the pixels from `left` to before `right`, which are counted
 /// from the word's first and may lie outside of it on the right.
 std::uint64_t bitsBetween(std::size_t left, std::size_t right) {
   const std::uint64_t all = ~std::uint64_t{0};
-  return all << left & (right < bitsInWord ? ~(all << right) : all);
+  return all << left & (right < kBitsInWord ? ~(all << right) : all);
 }
 
 /// Calls `visit` with each word of a row that stretches over the pixels, and which bits are theirs.
 template <typename Visit>
 void forEachWord(std::size_t left, std::size_t right, Visit visit) {
   for (std::size_t at = left; at < right;) {
-    const std::size_t word = at / bitsInWord;
-    visit(word, bitsBetween(at % bitsInWord, right - word * bitsInWord));
-    at = (word + 1) * bitsInWord;
+    const std::size_t word = at / kBitsInWord;
+    visit(word, bitsBetween(at % kBitsInWord, right - word * kBitsInWord));
+    at = (word + 1) * kBitsInWord;
   }
 }
 
@@ -29,7 +29,7 @@ void forEachWord(std::size_t left, std::size_t right, Visit visit) {
 
 std::unique_ptr<GIFDrawnPixels> GIFDrawnPixels::create(std::size_t width, std::size_t height,
                                                        bool isTransparent) {
-  const std::size_t wordsInRow = (width + bitsInWord - 1) / bitsInWord;
+  const std::size_t wordsInRow = (width + kBitsInWord - 1) / kBitsInWord;
   std::unique_ptr<std::uint64_t[]> words(new (std::nothrow) std::uint64_t[wordsInRow * height]);
   if (!words) {
     return nullptr;
@@ -62,14 +62,14 @@ std::size_t GIFDrawnPixels::clear(const GIFRect& rect, PixelBuffer& canvas) {
     forEachWord(rect.left, rect.left + rect.width, [&](std::size_t word, std::uint64_t bits) {
       std::uint64_t drawn = words[word] & bits;
       words[word] &= ~bits;
-      for (std::size_t at = word * bitsInWord; drawn != 0;) {
+      for (std::size_t at = word * kBitsInWord; drawn != 0;) {
         const auto skipped = static_cast<std::size_t>(std::countr_zero(drawn));
         drawn >>= skipped;
         const auto run = static_cast<std::size_t>(std::countr_one(drawn));
         std::fill_n(row + at + skipped, run, 0);
         cleared += run;
         at += skipped + run;
-        drawn = run < bitsInWord ? drawn >> run : 0;
+        drawn = run < kBitsInWord ? drawn >> run : 0;
       }
     });
   }

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 /// What happens to a frame's rectangle before the next frame is drawn.
-enum class GIFDisposal : std::uint8_t { keep, clear, restorePrevious };
+enum class GIFDisposal : std::uint8_t { kKeep, kClear, kRestorePrevious };
 
 /// A rectangle of whole pixels, cut off at the canvas; may be empty.
 struct GIFRect {
@@ -38,7 +38,7 @@ struct GIFFrame {
   /// Hundredths of a second; has a meaning only with a control extension.
   std::uint16_t delay = 0;
   std::uint8_t transparentIndex = 0;
-  GIFDisposal disposal = GIFDisposal::keep;
+  GIFDisposal disposal = GIFDisposal::kKeep;
   bool hasControlExtension = false;
   bool hasTransparency = false;
   bool isInterlaced = false;

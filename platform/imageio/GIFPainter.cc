@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr std::uint32_t opaqueBlack = 0xFF000000;
+constexpr std::uint32_t kOpaqueBlack = 0xFF000000;
 
 // Indexes that are decoded before they are turned into pixels: few enough to be in the fastest
 // cache still.
-constexpr std::size_t batch = std::size_t{16} * 1024;
+constexpr std::size_t kBatch = std::size_t{16} * 1024;
 
 /// Flat areas are common, so eight pixels of one colour are written as such.
 void paintOpaque(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count,
@@ -36,8 +36,8 @@ void paintOpaque(std::uint32_t* to, const std::uint8_t* indexes, std::size_t cou
 /// Transparent pixels come in runs, so eight are tested at once.
 void paintOver(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count,
                const std::uint32_t* palette, std::uint8_t transparentIndex) {
-  constexpr std::uint64_t everyByte = 0x0101010101010101;
-  const std::uint64_t transparent = everyByte * transparentIndex;
+  constexpr std::uint64_t kEveryByte = 0x0101010101010101;
+  const std::uint64_t transparent = kEveryByte * transparentIndex;
   std::size_t i = 0;
   for (; i + 8 <= count; i += 8) {
     std::uint64_t eight = 0;
@@ -46,7 +46,7 @@ void paintOver(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count
     if (eight == 0) {
       continue;
     }
-    const bool anyTransparent = ((eight - everyByte) & ~eight & (everyByte << 7)) != 0;
+    const bool anyTransparent = ((eight - kEveryByte) & ~eight & (kEveryByte << 7)) != 0;
     if (!anyTransparent) {
       paintOpaque(to + i, indexes + i, 8, palette);
       continue;
@@ -66,23 +66,23 @@ void paintOver(std::uint32_t* to, const std::uint8_t* indexes, std::size_t count
 class RowOrder {
  public:
   RowOrder(std::size_t height, bool isInterlaced)
-      : height_(height), pass_(isInterlaced ? 0 : straight) {}
+      : height_(height), pass_(isInterlaced ? 0 : kStraight) {}
 
   std::size_t row() const { return row_; }
 
   void advance() {
-    row_ += steps[pass_];
-    while (row_ >= height_ && pass_ < lastPass) {
+    row_ += kSteps[pass_];
+    while (row_ >= height_ && pass_ < kLastPass) {
       ++pass_;
-      row_ = starts[pass_];
+      row_ = kStarts[pass_];
     }
   }
 
  private:
-  static constexpr std::array<std::size_t, 5> starts{0, 4, 2, 1, 0};
-  static constexpr std::array<std::size_t, 5> steps{8, 8, 4, 2, 1};
-  static constexpr std::size_t lastPass = 3;
-  static constexpr std::size_t straight = 4;
+  static constexpr std::array<std::size_t, 5> kStarts{0, 4, 2, 1, 0};
+  static constexpr std::array<std::size_t, 5> kSteps{8, 8, 4, 2, 1};
+  static constexpr std::size_t kLastPass = 3;
+  static constexpr std::size_t kStraight = 4;
 
   std::size_t height_;
   std::size_t pass_;
@@ -101,10 +101,10 @@ GIFPainter::Palette GIFPainter::readPalette(std::size_t offset, std::size_t coun
   Palette palette;
   const std::uint8_t* entry = data_.data() + offset;
   for (std::size_t i = 0; i < count; ++i, entry += 3) {
-    palette[i] = opaqueBlack | static_cast<std::uint32_t>(entry[0]) << 16 |
+    palette[i] = kOpaqueBlack | static_cast<std::uint32_t>(entry[0]) << 16 |
                  static_cast<std::uint32_t>(entry[1]) << 8 | entry[2];
   }
-  std::fill(palette.begin() + static_cast<std::ptrdiff_t>(count), palette.end(), opaqueBlack);
+  std::fill(palette.begin() + static_cast<std::ptrdiff_t>(count), palette.end(), kOpaqueBlack);
   return palette;
 }
 
@@ -113,13 +113,13 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
   const GIFFrame frame = structure_.frame(index);
   const GIFRect rect = structure_.visibleRect(frame);
   if (rect.area() == 0) {
-    return Result::complete;
+    return Result::kComplete;
   }
   // An interlaced image has visible rows up to its end.
   const std::size_t rowCount = frame.isInterlaced ? frame.height : rect.height;
   const std::size_t rowLength = frame.width;
   if (!decompressor_.begin(data_.subspan(frame.dataOffset), rowCount * rowLength)) {
-    return Result::noMemory;
+    return Result::kNoMemory;
   }
 
   const Palette* palette = &globalPalette_;
@@ -128,8 +128,8 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
     ownPalette = readPalette(frame.colourTableOffset, frame.colourCount);
     palette = &ownPalette;
   }
-  const bool leavesTransparent = frame.hasTransparency && mode == Mode::over;
-  if (frame.hasTransparency && mode == Mode::replace) {
+  const bool leavesTransparent = frame.hasTransparency && mode == Mode::kOver;
+  if (frame.hasTransparency && mode == Mode::kReplace) {
     if (palette != &ownPalette) {
       ownPalette = *palette;
       palette = &ownPalette;
@@ -156,7 +156,7 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
   RowOrder order(rowCount, frame.isInterlaced);
   const std::size_t total = rowCount * rowLength;
   const std::size_t inBatch =
-      total <= batch ? total : std::max<std::size_t>(1, batch / rowLength) * rowLength;
+      total <= kBatch ? total : std::max<std::size_t>(1, kBatch / rowLength) * rowLength;
   const std::uint8_t* const indexes = decompressor_.indexes();
   std::size_t painted = 0;
   while (painted < total) {
@@ -168,9 +168,9 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
     if (there < wanted) {
       decodedPixelCount_ += there;
       paintRow(order.row(), indexes + painted, std::min(there - painted, rect.width));
-      return Result::partial;
+      return Result::kPartial;
     }
   }
   decodedPixelCount_ += total;
-  return Result::complete;
+  return Result::kComplete;
 }

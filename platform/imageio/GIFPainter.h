@@ -15,13 +15,13 @@
 class GIFPainter {
  public:
   enum class Mode {
-    over,     ///< transparent pixels leave the canvas as it is
-    replace,  ///< transparent pixels make the canvas transparent
+    kOver,     ///< transparent pixels leave the canvas as it is
+    kReplace,  ///< transparent pixels make the canvas transparent
   };
   enum class Result {
-    complete,
-    partial,   ///< the data did not give all visible pixels
-    noMemory,  ///< nothing was drawn
+    kComplete,
+    kPartial,   ///< the data did not give all visible pixels
+    kNoMemory,  ///< nothing was drawn
   };
 
   /// Both must outlive the painter.

@@ -8,23 +8,23 @@
 
 namespace {
 
-enum Block : std::uint8_t { extension = 0x21, imageDescriptor = 0x2C };
-enum ExtensionLabel : std::uint8_t { plainText = 0x01, graphicControl = 0xF9 };
+enum Block : std::uint8_t { kExtension = 0x21, kImageDescriptor = 0x2C };
+enum ExtensionLabel : std::uint8_t { kPlainText = 0x01, kGraphicControl = 0xF9 };
 
-constexpr std::size_t screenSize = 13;  // signature, version and logical screen descriptor
-constexpr std::size_t descriptorSize = 9;
-constexpr std::size_t controlSize = 4;
-constexpr std::size_t fullSubBlock = 255;
+constexpr std::size_t kScreenSize = 13;  // signature, version and logical screen descriptor
+constexpr std::size_t kDescriptorSize = 9;
+constexpr std::size_t kControlSize = 4;
+constexpr std::size_t kFullSubBlock = 255;
 
 GIFDisposal disposalOf(unsigned method) {
   switch (method) {
     case 2:
-      return GIFDisposal::clear;
+      return GIFDisposal::kClear;
     case 3:
     case 4:
-      return GIFDisposal::restorePrevious;
+      return GIFDisposal::kRestorePrevious;
     default:
-      return GIFDisposal::keep;
+      return GIFDisposal::kKeep;
   }
 }
 
@@ -41,7 +41,7 @@ class GIFStructure::Reader {
     canvasPixelCount_ = structure_.width_ * structure_.height_;
     while (offset_ < data_.size()) {
       const std::uint8_t block = data_[offset_++];
-      if (block == imageDescriptor ? !readImage() : block != extension || !readExtension()) {
+      if (block == kImageDescriptor ? !readImage() : block != kExtension || !readExtension()) {
         break;
       }
     }
@@ -55,7 +55,7 @@ class GIFStructure::Reader {
   bool has(std::size_t count) const { return data_.size() - offset_ >= count; }
 
   bool readScreen() {
-    if (data_.size() < screenSize) {
+    if (data_.size() < kScreenSize) {
       return false;
     }
     const std::string_view signature(reinterpret_cast<const char*>(data_.data()), 6);
@@ -65,9 +65,9 @@ class GIFStructure::Reader {
     structure_.width_ = word(data_.data() + 6);
     structure_.height_ = word(data_.data() + 8);
     const std::uint8_t flags = data_[10];
-    offset_ = screenSize;
+    offset_ = kScreenSize;
     if (structure_.width_ == 0 || structure_.height_ == 0 ||
-        structure_.width_ > PixelBuffer::maximumPixelCount / structure_.height_) {
+        structure_.width_ > PixelBuffer::kMaximumPixelCount / structure_.height_) {
       return false;
     }
     if ((flags & 0x80) != 0) {
@@ -75,7 +75,7 @@ class GIFStructure::Reader {
       structure_.globalColourTableOffset_ = offset_;
       const std::size_t size = 3 * std::size_t{structure_.globalColourCount_};
       offset_ += size;
-      return data_.size() - screenSize >= size;
+      return data_.size() - kScreenSize >= size;
     }
     return true;
   }
@@ -87,9 +87,9 @@ class GIFStructure::Reader {
     std::size_t offset = offset_;
     while (offset < size) {
       const std::size_t length = data[offset];
-      if (length == fullSubBlock) {
+      if (length == kFullSubBlock) {
         // A guess that the processor can follow ahead of the memory: nearly all blocks are full.
-        offset += 1 + fullSubBlock;
+        offset += 1 + kFullSubBlock;
         continue;
       }
       offset += 1 + length;
@@ -107,7 +107,7 @@ class GIFStructure::Reader {
       return false;
     }
     const std::uint8_t label = data_[offset_++];
-    if (label == graphicControl && has(1 + controlSize) && data_[offset_] == controlSize) {
+    if (label == kGraphicControl && has(1 + kControlSize) && data_[offset_] == kControlSize) {
       const std::uint8_t* const control = data_.data() + offset_ + 1;
       next_ = {};
       next_.hasControlExtension = 1;
@@ -115,14 +115,14 @@ class GIFStructure::Reader {
       next_.hasTransparency = control[0] & 1;
       next_.delay = word(control + 1);
       next_.transparentIndex = control[3];
-    } else if (label == plainText) {
+    } else if (label == kPlainText) {
       next_ = {};
     }
     return skipSubBlocks();
   }
 
   bool readImage() {
-    if (!has(descriptorSize) || offset_ > maximumDescriptorOffset) {
+    if (!has(kDescriptorSize) || offset_ > kMaximumDescriptorOffset) {
       return false;
     }
     Record record = std::exchange(next_, {});
@@ -131,21 +131,21 @@ class GIFStructure::Reader {
     const std::size_t width = word(descriptor + 4);
     const std::size_t height = word(descriptor + 6);
     const std::uint8_t flags = descriptor[8];
-    offset_ += descriptorSize;
+    offset_ += kDescriptorSize;
     const std::size_t tableSize = (flags & 0x80) != 0 ? std::size_t{6} << (flags & 7) : 0;
     const bool hasData = has(tableSize + 1);
     if (hasData) {
       offset_ += tableSize;
       const std::uint8_t minimumCodeSize = data_[offset_++];
       record.isDecodable = minimumCodeSize >= 1 && minimumCodeSize <= 8 &&
-                           width * height <= PixelBuffer::maximumPixelCount;
+                           width * height <= PixelBuffer::kMaximumPixelCount;
     }
     if (width == 0 || height == 0) {
       record.isDecodable = 1;
     }
     const std::size_t own = record.isDecodable != 0 ? width * height : 0;
     composited_ += std::max(canvasPixelCount_, own);
-    if (composited_ > maximumCompositedPixelCount) {
+    if (composited_ > kMaximumCompositedPixelCount) {
       return false;
     }
     structure_.records_.push_back(record);
@@ -181,7 +181,7 @@ GIFFrame GIFStructure::frame(std::size_t index) const {
   frame.isDecodable = record.isDecodable != 0;
   frame.isInterlaced = (flags & 0x40) != 0;
   frame.hasOwnColourTable = (flags & 0x80) != 0;
-  frame.dataOffset = record.descriptorOffset + descriptorSize;
+  frame.dataOffset = record.descriptorOffset + kDescriptorSize;
   if (frame.hasOwnColourTable) {
     frame.colourTableOffset = frame.dataOffset;
     frame.colourCount = static_cast<std::uint16_t>(2U << (flags & 7));

@@ -15,7 +15,7 @@
 ///
 /// Where files in the wild and the format disagree:
 /// - The canvas is the logical screen and is never enlarged. One without a pixel, or with more than
-///   PixelBuffer::maximumPixelCount, makes the file no image, and so does an unknown version or a
+///   PixelBuffer::kMaximumPixelCount, makes the file no image, and so does an unknown version or a
 ///   file without a single whole image descriptor.
 /// - Reading stops, and the frames so far stay, at the trailer, the end of the data, anything that
 ///   is no block, and after 32 GiB.
@@ -24,14 +24,14 @@
 ///   it up. One that is not 4 bytes long is passed over.
 /// - Disposal 4, which is reserved, is taken as 3; 5 to 7 as none.
 /// - A frame is undecodable if the file ends before its first byte of data, if its minimum code
-///   size is not 1 to 8, or if it has more than PixelBuffer::maximumPixelCount pixels. One of no
+///   size is not 1 to 8, or if it has more than PixelBuffer::kMaximumPixelCount pixels. One of no
 ///   area needs no data: it counts, with its delay, and draws nothing.
-/// - Frames are counted up to `maximumCompositedPixelCount` pixels, each with those of the canvas
+/// - Frames are counted up to `kMaximumCompositedPixelCount` pixels, each with those of the canvas
 /// or
 ///   its own if it has more, which bounds the time of one pass over any file.
 class GIFStructure {
  public:
-  static constexpr std::size_t maximumCompositedPixelCount = std::size_t{1} << 36;
+  static constexpr std::size_t kMaximumCompositedPixelCount = std::size_t{1} << 36;
 
   /// Nothing if the data makes no image.
   static std::optional<GIFStructure> read(std::span<const std::uint8_t> data);
@@ -76,7 +76,7 @@ class GIFStructure {
     std::uint64_t hasTransparency : 1;
     std::uint64_t isDecodable : 1;
   };
-  static constexpr std::size_t maximumDescriptorOffset = (std::size_t{1} << 35) - 1;
+  static constexpr std::size_t kMaximumDescriptorOffset = (std::size_t{1} << 35) - 1;
   static_assert(sizeof(Record) == 8);
 
   static std::uint16_t word(const std::uint8_t* bytes) {

@@ -12,6 +12,7 @@ class AccessibleElement : public AccessibleItem {
   Q_PROPERTY(QString name READ accessibleName WRITE setName NOTIFY nameChanged FINAL)
 
  public:
+  // As QML has it, with a capital. NOLINTNEXTLINE(readability-identifier-naming)
   enum class Kind { None, Button, Heading, Text, TextArea, Dialog, Notification, Window };
   Q_ENUM(Kind)
 

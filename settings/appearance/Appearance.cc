@@ -45,16 +45,16 @@ Appearance* Appearance::create(QQmlEngine* /*engine*/, QJSEngine* /*scripts*/) {
 }
 
 bool Appearance::isDark() const {
-  return scheme_ == Scheme::Dark || (scheme_ == Scheme::System && desktopDark_);
+  return scheme_ == Scheme::kDark || (scheme_ == Scheme::kSystem && desktopDark_);
 }
 
 bool Appearance::reducesMotion() const {
-  return motion_ == Motion::Reduced || (motion_ == Motion::System && desktopReducesMotion_);
+  return motion_ == Motion::kReduced || (motion_ == Motion::kSystem && desktopReducesMotion_);
 }
 
 bool Appearance::isMirrored() const {
-  return direction_ == Direction::RightToLeft ||
-         (direction_ == Direction::System && QLocale().textDirection() == Qt::RightToLeft);
+  return direction_ == Direction::kRightToLeft ||
+         (direction_ == Direction::kSystem && QLocale().textDirection() == Qt::RightToLeft);
 }
 
 template <class Value>

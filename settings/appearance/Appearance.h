@@ -24,9 +24,9 @@ class Appearance : public QObject {
   Q_PROPERTY(bool mirrored READ isMirrored NOTIFY changed)
 
  public:
-  enum class Scheme { System, Light, Dark };
-  enum class Motion { System, Full, Reduced };
-  enum class Direction { System, LeftToRight, RightToLeft };
+  enum class Scheme { kSystem, kLight, kDark };
+  enum class Motion { kSystem, kFull, kReduced };
+  enum class Direction { kSystem, kLeftToRight, kRightToLeft };
 
   static Appearance& shared();
   /// For QML: the shared one.
@@ -58,9 +58,9 @@ class Appearance : public QObject {
   template <class Value>
   void assign(Value& member, Value value);
 
-  Scheme scheme_ = Scheme::System;
-  Motion motion_ = Motion::System;
-  Direction direction_ = Direction::System;
+  Scheme scheme_ = Scheme::kSystem;
+  Motion motion_ = Motion::kSystem;
+  Direction direction_ = Direction::kSystem;
   bool desktopDark_ = false;
   bool desktopReducesMotion_ = false;
 };

@@ -14,6 +14,7 @@ class SymbolItem : public QQuickPaintedItem {
   Q_PROPERTY(qreal stroke MEMBER stroke_ NOTIFY changed)
 
  public:
+  // As QML has it, with a capital. NOLINTNEXTLINE(readability-identifier-naming)
   enum class Symbol { Forward, Back, Checkmark, Cross };
   Q_ENUM(Symbol)
 

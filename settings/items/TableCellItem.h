@@ -23,6 +23,7 @@ class TableCellItem : public ViewItem {
   Q_PROPERTY(qreal separatorRight READ separatorRight NOTIFY lookChanged)
 
  public:
+  // As QML has it, with a capital. NOLINTNEXTLINE(readability-identifier-naming)
   enum class Indicator { None, Disclosure, Checkmark };
   Q_ENUM(Indicator)
 

@@ -125,9 +125,9 @@ void TableItem::itemIsGoing(const ViewItem& item) {
   }
   auto* focused = window() ? window()->activeFocusItem() : nullptr;
   if (focused && (focused == &item || item.isAncestorOf(focused))) {
-    lostFocus_ = LostFocus::Active;
+    lostFocus_ = LostFocus::kActive;
   } else if (item.hasFocus()) {
-    lostFocus_ = LostFocus::Scope;
+    lostFocus_ = LostFocus::kScope;
   }
   focusWasVisible_ = current_->isFocusVisible();
   current_.clear();
@@ -142,11 +142,11 @@ void TableItem::restoreRow() {
     const auto rows = stops();
     row = rows.isEmpty() ? nullptr : rows.front();
   }
-  const auto lost = std::exchange(lostFocus_, LostFocus::None);
+  const auto lost = std::exchange(lostFocus_, LostFocus::kNone);
   makeCurrent(row);
-  if (row && lost == LostFocus::Active) {
+  if (row && lost == LostFocus::kActive) {
     row->takeFocus(focusWasVisible_ ? Qt::TabFocusReason : Qt::OtherFocusReason);
-  } else if (row && lost == LostFocus::Scope) {
+  } else if (row && lost == LostFocus::kScope) {
     row->setFocus(true, Qt::OtherFocusReason);
   }
 }

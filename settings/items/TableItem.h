@@ -52,7 +52,7 @@ class TableItem : public ViewItem {
   void itemChange(ItemChange change, const ItemChangeData& data) override;
 
  private:
-  enum class LostFocus { None, Scope, Active };
+  enum class LostFocus { kNone, kScope, kActive };
 
   QList<TableCellItem*> stops() const;
   TableCellItem* cellAt(NSIndexPath indexPath) const;
@@ -66,7 +66,7 @@ class TableItem : public ViewItem {
 
   QPointer<TableCellItem> current_;
   std::optional<NSIndexPath> currentPath_;
-  LostFocus lostFocus_ = LostFocus::None;
+  LostFocus lostFocus_ = LostFocus::kNone;
   bool focusWasVisible_ = false;
   QString typed_;
   quint64 lastTyped_ = 0;

@@ -48,12 +48,12 @@ void StartOptions::addTo(CLI::App& app) {
       ->check(CLI::Validator(checkSize, "", "size"));
   addNumber(app, "--scale", scale, kSmallestScale, kLargestScale, "Pixels a point");
   addChoice<Renderer>(app, "--renderer", renderer,
-                      {{"software", Renderer::Software}, {"gpu", Renderer::Gpu}},
+                      {{"software", Renderer::kSoftware}, {"gpu", Renderer::kGPU}},
                       "How the window is drawn. Default: software");
   addChoice<Appearance::Direction>(app, "--direction", direction,
-                                   {{"system", Appearance::Direction::System},
-                                    {"ltr", Appearance::Direction::LeftToRight},
-                                    {"rtl", Appearance::Direction::RightToLeft}},
+                                   {{"system", Appearance::Direction::kSystem},
+                                    {"ltr", Appearance::Direction::kLeftToRight},
+                                    {"rtl", Appearance::Direction::kRightToLeft}},
                                    "Where rows begin: by the locale (default), left or right");
   app.add_option_function<std::vector<std::string>>(
          "--map-host",
@@ -76,9 +76,9 @@ void StartOptions::addLookTo(CLI::App& app) {
   addNumber(app, "--refresh-rate", refreshRate, kSlowestRefresh, kFastestRefresh,
             "Refreshes of the screen a second, where it does not know");
   addChoice<Appearance::Scheme>(app, "--appearance", scheme,
-                                {{"system", Appearance::Scheme::System},
-                                 {"light", Appearance::Scheme::Light},
-                                 {"dark", Appearance::Scheme::Dark}},
+                                {{"system", Appearance::Scheme::kSystem},
+                                 {"light", Appearance::Scheme::kLight},
+                                 {"dark", Appearance::Scheme::kDark}},
                                 "Colours. Default: as the desktop prefers; pictures are light");
   addChoice<UIContentSizeCategory>(
       app, "--text-size", textSize,
@@ -96,8 +96,8 @@ void StartOptions::addLookTo(CLI::App& app) {
        {"ax5", UIContentSizeCategory::kAccessibilityExtraExtraExtraLarge}},
       "Size of the texts on rows. Default: l");
   addChoice<Appearance::Motion>(app, "--motion", motion,
-                                {{"system", Appearance::Motion::System},
-                                 {"full", Appearance::Motion::Full},
-                                 {"reduced", Appearance::Motion::Reduced}},
+                                {{"system", Appearance::Motion::kSystem},
+                                 {"full", Appearance::Motion::kFull},
+                                 {"reduced", Appearance::Motion::kReduced}},
                                 "How pages come and go. Default: as the desktop prefers");
 }

@@ -37,7 +37,7 @@ void prepareToolkit(const StartOptions& options) {
   if (options.webEngine) {
     WebPages::prepareEngine(options.hosts);
   }
-  if (options.renderer == StartOptions::Renderer::Software) {
+  if (options.renderer == StartOptions::Renderer::kSoftware) {
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
   } else {
     // The web engine wants it from the start, whether or not it is ever used. Beside the software
@@ -74,7 +74,7 @@ void WindowApplication::start(char** values) {
 void WindowApplication::takeLook(const StartOptions& options) {
   auto& appearance = Appearance::shared();
   appearance.setScheme(options.scheme);
-  appearance.setMotion(options.isPicture ? Appearance::Motion::Reduced : options.motion);
+  appearance.setMotion(options.isPicture ? Appearance::Motion::kReduced : options.motion);
   const auto passMotionOn = [&appearance] {
     UIAccessibilitySetReduceMotionEnabled(appearance.reducesMotion());
   };

@@ -22,7 +22,7 @@ constexpr int kMostSubjects = 50;
 constexpr int kTallest = 4000;
 
 constexpr std::array kWidths{320, 375, 414};
-constexpr std::array kShownSchemes{Appearance::Scheme::Light, Appearance::Scheme::Dark};
+constexpr std::array kShownSchemes{Appearance::Scheme::kLight, Appearance::Scheme::kDark};
 constexpr std::array kShownTextSizes{UIContentSizeCategory::kLarge,
                                      UIContentSizeCategory::kAccessibilityMedium};
 
@@ -39,7 +39,7 @@ QString classNameOf(const UIViewController& page) {
 QString Tour::Look::name() const {
   return QStringLiteral("%1-%2-%3")
       .arg(QString::number(width),
-           scheme == Appearance::Scheme::Dark ? QStringLiteral("dark") : QStringLiteral("light"),
+           scheme == Appearance::Scheme::kDark ? QStringLiteral("dark") : QStringLiteral("light"),
            textSize == UIContentSizeCategory::kLarge ? QStringLiteral("text")
                                                      : QStringLiteral("largetext"));
 }

@@ -7,7 +7,7 @@
 namespace {
 
 constexpr unsigned tableSize = 4096;
-constexpr unsigned maximumWidth = 12;
+constexpr unsigned kMaximumWidth = 12;
 
 std::uint8_t low(unsigned value) {
   return static_cast<std::uint8_t>(value & 255);
@@ -103,7 +103,7 @@ GIFBuilder::Bytes GIFBuilder::pack(unsigned minimumCodeSize, std::span<const uns
       continue;
     }
     next = std::min(next + 1, tableSize);
-    if (next >> width != 0 && width < maximumWidth) {
+    if (next >> width != 0 && width < kMaximumWidth) {
       ++width;
     }
   }

@@ -32,9 +32,9 @@ std::string StraightPixels::checksum() const {
   EVP_Digest(bytes_.data(), bytes_.size(), digest.data(), &length, EVP_sha256(), nullptr);
   std::string text;
   for (unsigned int i = 0; i < length; ++i) {
-    constexpr char digits[] = "0123456789abcdef";
-    text += digits[digest[i] >> 4];
-    text += digits[digest[i] & 15];
+    constexpr char kDigits[] = "0123456789abcdef";
+    text += kDigits[digest[i] >> 4];
+    text += kDigits[digest[i] & 15];
   }
   return text;
 }

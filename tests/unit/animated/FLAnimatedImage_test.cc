@@ -256,7 +256,7 @@ TEST_F(FLAnimatedImageTest, APredrawnFrameKeepsSizeScaleAndAlpha) {
   const auto frame = image->predrawnImageAtIndex(1);
   EXPECT_EQ(frame->size(), (CGSize{9, 4}));
   EXPECT_EQ(frame->scale(), 1);
-  EXPECT_EQ(frame->CGImage()->alphaInfo(), CGImageAlphaInfo::premultipliedFirst);
+  EXPECT_EQ(frame->CGImage()->alphaInfo(), CGImageAlphaInfo::kPremultipliedFirst);
   EXPECT_EQ(firstPixel(*frame), 0xFF00FF00);
   EXPECT_EQ(frame->CGImage()->pixels()->pixels()[1], 0);
   EXPECT_EQ(image->predrawnImageAtIndex(2), nullptr);

@@ -22,7 +22,7 @@ std::shared_ptr<const CGImage> image(std::size_t width, const std::vector<std::u
 
 std::unique_ptr<CGBitmapContext> context(
     std::size_t width, std::size_t height,
-    CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::premultipliedFirst) {
+    CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::kPremultipliedFirst) {
   return CGBitmapContext::create(width, height, 8, 4 * width, CGColorSpace::createDeviceRGB(),
                                  alphaInfo);
 }
@@ -41,22 +41,23 @@ TEST(CGBitmapContext, OnlyThePlatformsLayoutIsMade) {
   const CGColorSpace space = CGColorSpace::createDeviceRGB();
   EXPECT_EQ(space.numberOfComponents(), 3U);
   using enum CGImageAlphaInfo;
-  EXPECT_NE(CGBitmapContext::create(2, 2, 8, 8, space, premultipliedFirst), nullptr);
-  EXPECT_NE(CGBitmapContext::create(2, 2, 8, 0, space, noneSkipFirst), nullptr);
-  EXPECT_EQ(CGBitmapContext::create(2, 2, 8, 9, space, premultipliedFirst), nullptr);
-  EXPECT_EQ(CGBitmapContext::create(2, 2, 16, 8, space, premultipliedFirst), nullptr);
-  EXPECT_EQ(CGBitmapContext::create(0, 2, 8, 0, space, premultipliedFirst), nullptr);
-  EXPECT_EQ(CGBitmapContext::create(65535, 65535, 8, 0, space, premultipliedFirst), nullptr);
-  for (const CGImageAlphaInfo other : {none, premultipliedLast, last, first, noneSkipLast, only}) {
+  EXPECT_NE(CGBitmapContext::create(2, 2, 8, 8, space, kPremultipliedFirst), nullptr);
+  EXPECT_NE(CGBitmapContext::create(2, 2, 8, 0, space, kNoneSkipFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(2, 2, 8, 9, space, kPremultipliedFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(2, 2, 16, 8, space, kPremultipliedFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(0, 2, 8, 0, space, kPremultipliedFirst), nullptr);
+  EXPECT_EQ(CGBitmapContext::create(65535, 65535, 8, 0, space, kPremultipliedFirst), nullptr);
+  for (const CGImageAlphaInfo other :
+       {kNone, kPremultipliedLast, kLast, kFirst, kNoneSkipLast, kOnly}) {
     EXPECT_EQ(CGBitmapContext::create(2, 2, 8, 8, space, other), nullptr);
   }
 }
 
 TEST(CGBitmapContext, AnEmptyOneIsTransparentOrBlack) {
   EXPECT_THAT(context(2, 1)->createImage()->pixels()->pixels(), ElementsAre(0, 0));
-  const auto opaque = context(2, 1, CGImageAlphaInfo::noneSkipFirst)->createImage();
+  const auto opaque = context(2, 1, CGImageAlphaInfo::kNoneSkipFirst)->createImage();
   EXPECT_THAT(opaque->pixels()->pixels(), ElementsAre(0xFF000000, 0xFF000000));
-  EXPECT_EQ(opaque->alphaInfo(), CGImageAlphaInfo::noneSkipFirst);
+  EXPECT_EQ(opaque->alphaInfo(), CGImageAlphaInfo::kNoneSkipFirst);
 }
 
 TEST(CGBitmapContext, AFirstPictureOfItsSizeIsSharedNotCopied) {

@@ -75,7 +75,7 @@ TEST(FrameBufferPool, DroppingManyFramesGivesAllButAFewBack) {
   }
   loans.clear();
   const auto alive = std::ranges::count_if(buffers, [](const auto& b) { return !b.expired(); });
-  EXPECT_EQ(static_cast<std::size_t>(alive), FrameBufferPool::maximumFree + 1);
+  EXPECT_EQ(static_cast<std::size_t>(alive), FrameBufferPool::kMaximumFree + 1);
 }
 
 TEST(FrameBufferPool, ALoanMayOutliveThePool) {

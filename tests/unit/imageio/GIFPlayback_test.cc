@@ -139,7 +139,7 @@ TEST(GIFPlayback, ARowIsFourBytesAPixelWithAlphaFirst) {
   EXPECT_EQ(image->width(), 20U);
   EXPECT_EQ(image->height(), 10U);
   EXPECT_EQ(image->bytesPerRow(), 80U);
-  EXPECT_EQ(image->alphaInfo(), CGImageAlphaInfo::premultipliedFirst);
+  EXPECT_EQ(image->alphaInfo(), CGImageAlphaInfo::kPremultipliedFirst);
   EXPECT_EQ(image->pixels()->pixels().size(), 200U);
 }
 
