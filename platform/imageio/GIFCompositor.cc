@@ -185,17 +185,20 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, 
 
   const bool replacesAll = replacesCanvas(start, index);
   const bool replacesRect = replacesClearedRect(start, index);
-  // Shows the canvas as long as nothing is drawn.
-  std::shared_ptr<FrameBuffer> before = bufferBefore(start, *target);
+  Drawing drawing{.wanted = index,
+                  .start = start,
+                  .replacesFirst = replacesAll || replacesRect,
+                  .target = target,
+                  .before = bufferBefore(start, *target),
+                  .drawn = nullptr};
   if (!replacesAll) {
     prepare(*target, start, replacesRect);
   }
   target->frame = FrameBuffer::kNoFrame;
-  std::unique_ptr<GIFDrawnPixels> drawn;
   if (start.first < index && needsDrawnPixels(start, index)) {
-    drawn = GIFDrawnPixels::create(structure_.width(), structure_.height(),
-                                   start.origin == Origin::kEmpty);
-    if (!drawn) {
+    drawing.drawn = GIFDrawnPixels::create(structure_.width(), structure_.height(),
+                                           start.origin == Origin::kEmpty);
+    if (!drawing.drawn) {
       return Outcome::kNoMemory;
     }
   }
@@ -213,49 +216,62 @@ GIFCompositor::Outcome GIFCompositor::composite(std::size_t index, Start start, 
     }
     if (lock != nullptr &&
         work_ + painter_.decodedPixelCount() - workAtEntry > kMaximumPixelsAtOnce) {
-      before.reset();
+      drawing.before.reset();
       giveWay(*lock);
       workAtEntry = work_ + painter_.decodedPixelCount();
     }
-    const GIFDisposal disposal = structure_.disposal(i);
-    if (i < index && disposal != GIFDisposal::kKeep) {
-      if (disposal == GIFDisposal::kClear) {
-        work_ += drawn->clear(structure_.visibleRect(i), *target->pixels);
-        before.reset();
-      }
-      continue;
-    }
-    if (i < index || disposal != GIFDisposal::kRestorePrevious) {
-      before.reset();
-    } else if (!before && !save(structure_.visibleRect(i), *target->pixels)) {
-      return Outcome::kNoMemory;
-    }
-    const bool isReplacing = (replacesAll || replacesRect) && i == start.first;
-    GIFPainter::Result result =
-        paint(i, *target, isReplacing ? GIFPainter::Mode::kReplace : GIFPainter::Mode::kOver,
-              drawn.get());
-    if (isReplacing && result == GIFPainter::Result::kPartial) {
-      if (start.origin == Origin::kNothingNeeded) {
-        return Outcome::kCoverageWasWrong;
-      }
-      clearRect(structure_.visibleRect(i), *target->pixels);
-      result = paint(i, *target, GIFPainter::Mode::kOver, drawn.get());
-    }
-    if (result == GIFPainter::Result::kNoMemory) {
-      return Outcome::kNoMemory;
+    if (const Outcome outcome = draw(i, drawing); outcome != Outcome::kDone) {
+      return outcome;
     }
   }
-  target->frame = index;
-  if (before) {
+  finish(drawing, std::move(taken));
+  return Outcome::kDone;
+}
+
+/// Brings the canvas from before the frame to what the next one finds, or to what is shown while
+/// the wanted one is.
+GIFCompositor::Outcome GIFCompositor::draw(std::size_t index, Drawing& drawing) {
+  const bool isWanted = index == drawing.wanted;
+  const GIFDisposal disposal = structure_.disposal(index);
+  PixelBuffer& pixels = *drawing.target->pixels;
+  if (!isWanted && disposal != GIFDisposal::kKeep) {
+    if (disposal == GIFDisposal::kClear) {
+      work_ += drawing.drawn->clear(structure_.visibleRect(index), pixels);
+      drawing.before.reset();
+    }
+    return Outcome::kDone;
+  }
+  if (!isWanted || disposal != GIFDisposal::kRestorePrevious) {
+    drawing.before.reset();
+  } else if (!drawing.before && !save(structure_.visibleRect(index), pixels)) {
+    return Outcome::kNoMemory;
+  }
+  const bool isReplacing = drawing.replacesFirst && index == drawing.start.first;
+  GIFPainter::Result result = paint(
+      index, *drawing.target, isReplacing ? GIFPainter::Mode::kReplace : GIFPainter::Mode::kOver,
+      drawing.drawn.get());
+  if (isReplacing && result == GIFPainter::Result::kPartial) {
+    if (drawing.start.origin == Origin::kNothingNeeded) {
+      return Outcome::kCoverageWasWrong;
+    }
+    clearRect(structure_.visibleRect(index), pixels);
+    result = paint(index, *drawing.target, GIFPainter::Mode::kOver, drawing.drawn.get());
+  }
+  return result == GIFPainter::Result::kNoMemory ? Outcome::kNoMemory : Outcome::kDone;
+}
+
+/// Makes what was drawn the current frame.
+void GIFCompositor::finish(Drawing& drawing, std::shared_ptr<FrameBuffer> taken) {
+  drawing.target->frame = drawing.wanted;
+  if (drawing.before) {
     saved_.reset();
     savedCapacity_ = 0;
   }
   // First, since it may be what is current still.
-  pool_->setUnder(std::move(before));
+  pool_->setUnder(std::move(drawing.before));
   if (taken) {
     pool_->setCurrent(std::move(taken));
   }
-  return Outcome::kDone;
 }
 
 /// Whether anything on the way is cleared.

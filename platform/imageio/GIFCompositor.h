@@ -79,6 +79,16 @@ class GIFCompositor : public PixelProvider {
   };
   enum class Outcome { kDone, kCoverageWasWrong, kNoMemory };
 
+  /// A frame on its way to the canvas.
+  struct Drawing {
+    std::size_t wanted;
+    Start start;
+    bool replacesFirst;  ///< The first frame is all that will be seen in its rectangle.
+    FrameBuffer* target;
+    std::shared_ptr<FrameBuffer> before;    ///< Shows the canvas as long as nothing is drawn.
+    std::unique_ptr<GIFDrawnPixels> drawn;  ///< Where something is cleared on the way.
+  };
+
   using Lock = std::unique_lock<std::mutex>;
   class Turn;
 
@@ -92,6 +102,8 @@ class GIFCompositor : public PixelProvider {
 
   Start findStart(std::size_t index, std::size_t from);
   Outcome composite(std::size_t index, Start start, Lock* lock);
+  Outcome draw(std::size_t index, Drawing& drawing);
+  void finish(Drawing& drawing, std::shared_ptr<FrameBuffer> taken);
   bool needsDrawnPixels(Start start, std::size_t index) const;
   void prepare(FrameBuffer& target, Start start, bool replacesRect);
   void prepareFromCurrent(FrameBuffer& target, std::size_t first, bool replacesRect);

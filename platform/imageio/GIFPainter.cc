@@ -108,6 +108,22 @@ GIFPainter::Palette GIFPainter::readPalette(std::size_t offset, std::size_t coun
   return palette;
 }
 
+const GIFPainter::Palette& GIFPainter::paletteFor(const GIFFrame& frame, Mode mode,
+                                                  Palette& own) const {
+  const bool clears = frame.hasTransparency && mode == Mode::kReplace;
+  if (frame.hasOwnColourTable) {
+    own = readPalette(frame.colourTableOffset, frame.colourCount);
+  } else if (clears) {
+    own = globalPalette_;
+  } else {
+    return globalPalette_;
+  }
+  if (clears) {
+    own[frame.transparentIndex] = 0;
+  }
+  return own;
+}
+
 GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t> canvas, Mode mode,
                                      GIFDrawnPixels* drawn) {
   const GIFFrame frame = structure_.frame(index);
@@ -122,21 +138,9 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
     return Result::kNoMemory;
   }
 
-  const Palette* palette = &globalPalette_;
-  Palette ownPalette;
-  if (frame.hasOwnColourTable) {
-    ownPalette = readPalette(frame.colourTableOffset, frame.colourCount);
-    palette = &ownPalette;
-  }
+  Palette own;
+  const Palette& palette = paletteFor(frame, mode, own);
   const bool leavesTransparent = frame.hasTransparency && mode == Mode::kOver;
-  if (frame.hasTransparency && mode == Mode::kReplace) {
-    if (palette != &ownPalette) {
-      ownPalette = *palette;
-      palette = &ownPalette;
-    }
-    ownPalette[frame.transparentIndex] = 0;
-  }
-
   std::uint32_t* const origin = canvas.data() + rect.top * structure_.width() + rect.left;
   const auto paintRow = [&](std::size_t row, const std::uint8_t* indexes, std::size_t count) {
     if (row >= rect.height) {
@@ -147,9 +151,9 @@ GIFPainter::Result GIFPainter::paint(std::size_t index, std::span<std::uint32_t>
     }
     std::uint32_t* const to = origin + row * structure_.width();
     if (leavesTransparent) {
-      paintOver(to, indexes, count, palette->data(), frame.transparentIndex);
+      paintOver(to, indexes, count, palette.data(), frame.transparentIndex);
     } else {
-      paintOpaque(to, indexes, count, palette->data());
+      paintOpaque(to, indexes, count, palette.data());
     }
   };
 

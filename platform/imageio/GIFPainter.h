@@ -38,6 +38,8 @@ class GIFPainter {
   using Palette = std::array<std::uint32_t, 256>;
 
   Palette readPalette(std::size_t offset, std::size_t count) const;
+  /// The frame's colours; `own` is where they are put if they are not those of all frames.
+  const Palette& paletteFor(const GIFFrame& frame, Mode mode, Palette& own) const;
 
   std::span<const std::uint8_t> data_;
   const GIFStructure& structure_;
