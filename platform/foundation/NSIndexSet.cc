@@ -28,11 +28,6 @@ NSIndexSet NSIndexSet::indexSetWithIndexesInRange(NSRange range) {
   return set;
 }
 
-bool NSIndexSet::containsIndex(NSUInteger index) const {
-  const auto after = std::ranges::upper_bound(ranges_, index, {}, &NSRange::location);
-  return after != ranges_.begin() && index < endOf(*std::prev(after));
-}
-
 void NSIndexSet::addIndexesInRange(NSRange range) {
   if (range.length == 0) {
     return;

@@ -23,7 +23,6 @@ class PLATFORM_API NSIndexSet {
   static NSIndexSet indexSetWithIndexesInRange(NSRange range);
 
   NSUInteger count() const { return count_; }
-  bool containsIndex(NSUInteger index) const;
 
   void addIndex(NSUInteger index) { addIndexesInRange({index, 1}); }
   void addIndexesInRange(NSRange range);

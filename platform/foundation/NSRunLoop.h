@@ -24,7 +24,6 @@ class PLATFORM_API NSRunLoop {
   NSRunLoop(NSRunLoop&&) = delete;
   NSRunLoop& operator=(NSRunLoop&&) = delete;
 
-  NSRunLoopMode currentMode() const { return mode_; }
   /// For the host: scrolling begins (tracking mode) or is over (default mode).
   void setCurrentMode(NSRunLoopMode mode) { mode_ = mode; }
 

@@ -31,7 +31,7 @@
 /// a frame that covers the canvas without transparency, the frame decoded last, or a kept canvas.
 /// What disposal undoes on the way is not decoded.
 ///
-/// Canvases are kept only while frames are decoded for a jump, one every `keptSpacing()` frames, so
+/// Canvases are kept only while frames are decoded for a jump, one every so many frames, so
 /// a player that never jumps pays nothing for them and a second jump into the same frames decodes
 /// at most that many.
 ///
@@ -60,9 +60,6 @@ class GIFCompositor : public PixelProvider {
   /// The canvas while this frame shows. The caller may hold it for as long as it likes. Null if the
   /// frame is not decodable or there is no memory; then other frames are as before.
   std::shared_ptr<const PixelBuffer> makePixels(std::size_t index) override;
-
-  /// Frames between two places where canvases are kept; 0 if the canvas is too large to keep any.
-  std::size_t keptSpacing() const { return keptSpacing_; }
 
   /// Pixels decoded, copied and cleared so far.
   std::size_t work();
@@ -123,7 +120,7 @@ class GIFCompositor : public PixelProvider {
 
   const std::shared_ptr<const std::vector<std::uint8_t>> data_;
   const GIFStructure structure_;
-  const std::size_t keptSpacing_;
+  const std::size_t keptSpacing_;  // 0 if the canvas is too large to keep any
 
   std::atomic<unsigned> waiting_ = 0;  // calls that wait for the mutex
   std::mutex mutex_;                   // guards what follows

@@ -1,7 +1,5 @@
 #include "platform/social/SLComposeViewController.h"
 
-#include <utility>
-
 constexpr ClassOf<SLComposeViewController> SLComposeViewController::classObject{
     "SLComposeViewController"};
 
@@ -12,10 +10,7 @@ SLComposeViewController::composeViewControllerForServiceType(std::string_view se
   return controller;
 }
 
-void SLComposeViewController::finish(SLComposeViewControllerResult result) {
+void SLComposeViewController::finish() {
   const auto keptAlive = shared_from_this();
   dismissViewControllerAnimatedCompletion(true, {});
-  if (const auto handler = std::exchange(completionHandler_, nullptr)) {
-    handler(result);
-  }
 }

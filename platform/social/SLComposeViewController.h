@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,9 +12,6 @@
 
 /// The one service that is known here.
 inline constexpr std::string_view SLServiceTypeTwitter = "SLServiceTypeTwitter";
-
-/// How a sheet ended. The numbers are the platform's.
-enum class SLComposeViewControllerResult { kCancelled = 0, kDone = 1 };
 
 /// A sheet in which the user completes and posts a short text through a social service. Main
 /// thread.
@@ -34,17 +30,11 @@ class PLATFORM_API SLComposeViewController
   const std::vector<std::shared_ptr<UIImage>>& images() const { return images_; }
   void removeAllImages() { images_.clear(); }
 
-  /// Told once how the sheet ended. Empty for nobody.
-  void setCompletionHandler(std::function<void(SLComposeViewControllerResult)> handler) {
-    completionHandler_ = std::move(handler);
-  }
-
   /// For the host: the user has posted or cancelled. The sheet dismisses itself.
-  void finish(SLComposeViewControllerResult result);
+  void finish();
 
  private:
   std::string serviceType_;
   std::string text_;
   std::vector<std::shared_ptr<UIImage>> images_;
-  std::function<void(SLComposeViewControllerResult)> completionHandler_;
 };

@@ -29,10 +29,10 @@ void ComposeModel::post() {
   const QByteArray text = QUrl::toPercentEncoding(QString::fromStdString(sheet->text()));
   UIApplication::sharedApplication().openURL("https://" + std::string(addresses::kTwitterHost) +
                                              "/intent/tweet?text=" + text.toStdString());
-  sheet->finish(SLComposeViewControllerResult::kDone);
+  sheet->finish();
 }
 
 void ComposeModel::cancel() {
   const auto sheet = sheet_;
-  sheet->finish(SLComposeViewControllerResult::kCancelled);
+  sheet->finish();
 }

@@ -271,8 +271,7 @@ Json DriveSession::sheet(const Json& request) {
       throw Refusal(R"(The sheet on top ends with "posted" or "cancelled".)");
     }
     const auto sheet = *compose;
-    sheet->finish(result == "posted" ? SLComposeViewControllerResult::kDone
-                                     : SLComposeViewControllerResult::kCancelled);
+    sheet->finish();
   } else if (const auto* mail = std::get_if<std::shared_ptr<MFMailComposeViewController>>(top)) {
     const auto sheet = *mail;
     finishMail(*sheet, result);

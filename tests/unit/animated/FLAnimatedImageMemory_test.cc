@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 
 #include "animated/FLAnimatedImageView.h"
@@ -20,8 +21,8 @@ class FLAnimatedImageMemoryTest : public AnimatedTest {
  protected:
   /// Decoded frames besides the poster.
   static std::size_t heldFrames(const FLAnimatedImage& image) {
-    const auto held = image.cachedFrameIndexes();
-    return held.count() - (held.containsIndex(image.posterImageFrameIndex()) ? 1 : 0);
+    const auto held = image.cachedFrameIndexes().indexes();
+    return held.size() - std::ranges::count(held, image.posterImageFrameIndex());
   }
 
   void start(const std::shared_ptr<FLAnimatedImage>& animation) {
