@@ -16,6 +16,8 @@ class Outcome(NamedTuple):
     # The test that noticed it.
     by: str
     seconds: float
+    # Whether only the quick tests were asked.
+    quick: bool
 
 
 class Refused(Exception):
@@ -89,7 +91,7 @@ class Clone:
                 if found:
                     return found
             return PENDING, ""
-        return self._with(change, ask)
+        return self._with(change, ask, True)
 
     def ask_slow(self, change):
         """What the slow unit tests and those of whole programs say."""
@@ -106,9 +108,9 @@ class Clone:
                 if found:
                     return found
             return UNNOTICED, ""
-        return self._with(change, ask)
+        return self._with(change, ask, False)
 
-    def _with(self, change, ask):
+    def _with(self, change, ask, quick):
         """Makes the change, asks, and takes it back."""
         begun = time.time()
         path = self._folder / change.file
@@ -118,7 +120,7 @@ class Clone:
             result, by = ask(begun)
         finally:
             path.write_text(original)
-        return Outcome(result, by, time.time() - begun)
+        return Outcome(result, by, time.time() - begun, quick)
 
     def _built(self, targets):
         """Nothing where they build."""

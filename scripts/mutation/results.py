@@ -18,22 +18,26 @@ class Results:
     def __init__(self, path):
         self._path = path
         self._records = {}
-        self._once_unnoticed = set()
         if path.exists():
             for line in path.read_text().splitlines():
                 self._take(json.loads(line))
 
     def _take(self, record):
-        key = key_of(record)
-        self._records[key] = record
-        if record["result"] == UNNOTICED:
-            self._once_unnoticed.add(key)
+        self._records[key_of(record)] = record
 
     def add(self, change, outcome):
         record = change.record() | {"result": outcome.result, "by": outcome.by, "seconds": round(outcome.seconds, 1)}
+        if self.is_test_new(change, outcome):
+            record["since"] = True
         with self._path.open("a") as file:
             file.write(json.dumps(record, ensure_ascii=False) + "\n")
         self._take(record)
+
+    def is_test_new(self, change, outcome):
+        """Whether it is noticed by a test that was not there, or took too long, when it was made before."""
+        before = self.result(change)
+        asked_before = before in (UNNOTICED, RAN_OUT) or (before == PENDING and outcome.quick)
+        return outcome.result == NOTICED and asked_before
 
     def result(self, change):
         """None for one that was not made yet."""
@@ -45,7 +49,7 @@ class Results:
         result = self.result(change)
         if change.key in judged and result in (None, UNNOTICED):
             return "judged equal"
-        if result == NOTICED and change.key in self._once_unnoticed:
+        if result == NOTICED and self._records[change.key].get("since"):
             return "tested since"
         return result
 
