@@ -140,7 +140,7 @@ class Clone:
 
     def _written_since(self, begun, programs):
         """Those of the programs that the change has reached. A shared library reaches them all."""
-        libraries = [file for file in self._build.glob("lib/*.so") if file.stat().st_mtime >= begun]
+        libraries = [file for file in self._build.glob("lib/**/*.so") if file.stat().st_mtime >= begun]
         return [name for name in programs
                 if libraries or (self._build / "tests" / name).stat().st_mtime >= begun]
 

@@ -17,6 +17,8 @@ from mutation.finder import find_changes  # noqa: E402
 
 LIMIT = """\
 #include "core/limit.h"
+const char* said = "";
+bool isOn = true;
 namespace {
 void note(const char* text) { said = text; }
 }
@@ -30,16 +32,17 @@ int limited(int value) {
 """
 TEST = """\
 #include "core/limit.h"
-const char* said = "";
-bool isOn = true;
 int main() { return limited(20) == 9 && limited(3) == 3 ? 0 : 1; }
 """
 LISTS = """\
 cmake_minimum_required(VERSION 3.25)
 project(Small LANGUAGES CXX)
 enable_testing()
-add_executable(limit_test core/limit.cc tests/unit/core/limit_test.cc)
-target_include_directories(limit_test PRIVATE ${PROJECT_SOURCE_DIR})
+add_library(limit SHARED core/limit.cc)
+set_target_properties(limit PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib/small)
+target_include_directories(limit PUBLIC ${PROJECT_SOURCE_DIR})
+add_executable(limit_test tests/unit/core/limit_test.cc)
+target_link_libraries(limit_test limit)
 set_target_properties(limit_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
 add_test(NAME limit_test.all COMMAND limit_test)
 """
@@ -169,7 +172,7 @@ class Making(unittest.TestCase):
         self.assertEqual(results["return 9;", "return {};"], "noticed")
         self.assertEqual(results[by_value, "if (value > 9 || isOn) {"], "noticed")
         self.assertEqual(results[by_value, "if (value > 10 && isOn) {"], "unnoticed")
-        self.assertIn(f"No test noticed core/limit.cc:7: call: {said}  ->  ;\n", done.stdout)
+        self.assertIn(f"No test noticed core/limit.cc:9: call: {said}  ->  ;\n", done.stdout)
         self.assertEqual((self.folder / "build-mutate/clone/core/limit.cc").read_text(), LIMIT)
         self.assertEqual((self.folder / "core/limit.cc").read_text(), LIMIT)
 
@@ -181,7 +184,7 @@ class Making(unittest.TestCase):
         test.write_text(TEST.replace("limited(3) == 3", "limited(3) == 3 && limited(10) == 9 && limited(9) == 9"))
         self.commit()
         again = self.mutate("--unnoticed", "--keep")
-        self.assertNotIn('core/limit.cc:8: return', again.stdout)
+        self.assertNotIn('core/limit.cc:10: return', again.stdout)
         self.assertNotIn(said, again.stdout)
         self.assertEqual(self.results()[by_value, "if (value > 10 && isOn) {"], "noticed")
         table = self.mutate("--file", "core/limit.cc")
