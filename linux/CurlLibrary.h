@@ -2,9 +2,11 @@
 
 #include <curl/curl.h>
 
-/// The functions of libcurl that are used, by their names there. The library, with the thirty that
-/// it needs in turn, is loaded when it is first asked for: at the start of the program it would
-/// hold up the first page.
+/// The functions of libcurl that are used, by their names there. The library, with the twenty that
+/// it needs in turn, is loaded when it is first asked for: linked to the program it would hold up
+/// the first page, and whatever fetches nothing. `quietdial-settings --version` then takes 49 ms
+/// instead of 34, of the processor's time 24 instead of 17, and 29 MB instead of 24 (the least of
+/// 31 runs of each, in turn, on two busy cores).
 struct CurlLibrary {
   /// Loaded and made ready once, and never unloaded; null where the library is not installed. Any
   /// thread.
