@@ -15,7 +15,7 @@ gi.require_version("Gio", "2.0")
 import isolated  # noqa: E402
 from drive import APPLIED, CHANGED, SETTINGS, program  # noqa: E402
 from gi.repository import Gio, GLib  # noqa: E402
-from waiting import PATIENCE, wait_for  # noqa: E402
+from waiting import PATIENCE  # noqa: E402
 
 PATH = "/me/orlanvey/quietdial/Notifications"
 INTERFACE = "me.orlanvey.quietdial.Notifications"
@@ -64,12 +64,14 @@ class Terminal:
 
     def _start_bus(self):
         daemon = subprocess.Popen(
-            ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--nosyslog",
+            ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--nosyslog", "--print-address=1",
              "--address=" + self.environment["DBUS_SESSION_BUS_ADDRESS"]],
-            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self._stack.callback(daemon.wait)
         self._stack.callback(daemon.kill)
-        wait_for(lambda: os.path.exists(self.path("bus")), "the bus")
+        self._stack.callback(daemon.stdout.close)
+        # It says where it is once it listens.
+        daemon.stdout.readline()
         self._connection = Gio.DBusConnection.new_for_address_sync(
             self.environment["DBUS_SESSION_BUS_ADDRESS"],
             Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION, None, None)
