@@ -384,6 +384,13 @@ class Rest(SettingsCommandTest):
         result = subprocess.run([installed, "open"], check=False, env=self.terminal.environment, capture_output=True, text=True)
         self.assertEqual((result.returncode, result.stderr), (1, "quietdial open: quietdial-settings could not be opened.\n"))
 
+    def test_what_is_known_of_numbers_is_loaded_for_calls_alone(self):
+        libraries = subprocess.run(["ldd", program()], check=True, capture_output=True, text=True).stdout
+        self.assertIn("libquietdial-platform.so", libraries)
+        self.assertNotIn("phonenumber", libraries)
+        result = self.terminal.run("call", "--via", "print", "--region", "DE", "--yes", "0171 555 0134")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "#31#01715550134\n", ""))
+
     def test_help_opens_with_examples_and_colours_are_for_terminals(self):
         for command in ("status", "get", "list", "set", "prefix", "reset", "export", "import", "watch", "apply", "open"):
             with self.subTest(command):
