@@ -40,27 +40,34 @@ std::string exampleSentence(const SettingsStatus& status) {
          (status.lineTitle.empty() ? "." : " through " + onTerminal(status.lineTitle) + ".");
 }
 
-// What pages let one choose; the texts that only repeat a choice are left out.
-std::vector<settings::Setting> shownSettings() {
-  std::vector<settings::Setting> chosen;
+using Row = std::pair<std::string, std::string>;
+
+// What the first page shows of each choice, and the texts, by the titles that people know.
+std::vector<Row> rowsFor(const PropertyListDictionary& stored) {
+  std::vector<Row> rows;
   for (const auto& setting : settings::kAll) {
-    const bool isPrefix = setting.key == settings::kSelectedPrefix.key;
-    if ((isPrefix || !leaderOf(setting)) && setting.kind != settings::Kind::kTextList) {
-      chosen.push_back(setting);
+    const auto* const leader = leaderOf(setting);
+    const std::string title(setting.title);
+    if (setting.key == settings::kSelectedPrefix.key) {
+      rows.emplace_back(title, shown(setting, valueInForce(stored, setting)) + " for " +
+                                   shown(*leader, valueInForce(stored, *leader)));
+    } else if (leader) {
+      rows.emplace_back(title, wordsFor(*leader, stored));
+    } else if (setting.title == settings::kTextTitle) {
+      rows.emplace_back(title, shown(setting, valueInForce(stored, setting)));
     }
   }
-  return chosen;
+  return rows;
 }
 
 void printWords(const SettingsStatus& status, Streams streams) {
-  const auto chosen = shownSettings();
+  const auto rows = rowsFor(status.settings);
   std::size_t width = 0;
-  for (const auto& setting : chosen) {
-    width = std::max(width, setting.key.size());
+  for (const auto& row : rows) {
+    width = std::max(width, row.first.size());
   }
-  for (const auto& setting : chosen) {
-    streams.out << setting.key << std::string(width - setting.key.size() + 2, ' ')
-                << shown(setting, valueInForce(status.settings, setting)) << '\n';
+  for (const auto& [title, words] : rows) {
+    streams.out << title << std::string(width - title.size() + 2, ' ') << words << '\n';
   }
   streams.out << '\n' << exampleSentence(status) << '\n';
   for (const auto& warning : status.warnings) {
