@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -148,6 +149,16 @@ TEST_F(Desktop, AProgramThatCouldBeStartedIsSaidToBe) {
   const auto said = pipe("said");
   program("tool", "echo a >\"$DESKTOP/said\"\n");
   EXPECT_TRUE(startDesktopProgram({(folder_ / "tool").string()}));
+  EXPECT_EQ(allOf(said), "a\n");
+}
+
+TEST_F(Desktop, AProgramThatStillRunsWhenPatienceEndsHasBeenLaunched) {
+  const auto said = pipe("said");
+  const auto held = pipe("held");
+  program("tool", "read word <\"$DESKTOP/held\"\necho $word >\"$DESKTOP/said\"\n");
+  EXPECT_TRUE(launchDesktopProgram({(folder_ / "tool").string()}, std::chrono::milliseconds(1)));
+  const FileDescriptor writing(open((folder_ / "held").c_str(), O_WRONLY | O_CLOEXEC));
+  EXPECT_EQ(write(writing.get(), "a\n", 2), 2);
   EXPECT_EQ(allOf(said), "a\n");
 }
 
