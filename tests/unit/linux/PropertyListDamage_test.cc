@@ -171,6 +171,14 @@ TEST(DamagedPropertyList, WhatCouldNotBeReadBackIsNotWritten) {
   EXPECT_EQ(bytesFromPropertyList(PropertyListArray{value}), std::nullopt);
 }
 
+TEST(DamagedPropertyList, DataIsPaidForAsTheTextAsWhichItIsRead) {
+  // Four letters for each three bytes and for what is left, and what any value costs.
+  constexpr std::size_t letters = (std::size_t{32} << 20) - 128;
+  constexpr std::size_t most = (letters / 4 - 1) * 3 + 2;
+  EXPECT_TRUE(PropertyListBudget().covers(PropertyListValue(PropertyListData(most))));
+  EXPECT_FALSE(PropertyListBudget().covers(PropertyListValue(PropertyListData(most + 1))));
+}
+
 TEST(DamagedPropertyList, OtherFormatsAndGarbageAreRefused) {
   for (const auto* bytes : {"", "x", " ", "{ a = 1; }", "[1]", "<html></html>", "bplist00",
                             "bplist15", "<", "<plist", "<plist/>", "<!--", "<?xml", "<!DOCTYPE"}) {
