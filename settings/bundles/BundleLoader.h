@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "linux/BundleEntry.h"
 #include "linux/DevicePaths.h"
-#include "settings/bundles/BundleEntry.h"
 
 /// Opens the modules of bundles, each at most once. Main thread.
 class BundleLoader {

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <set>
 
+#include "settings/messages/complain.h"
 #include "settings/window/SettingsWindow.h"
 
 InstalledBundles::InstalledBundles(const BundleOptions& options,
@@ -15,7 +16,7 @@ InstalledBundles::InstalledBundles(const BundleOptions& options,
       options.folder.empty()
           ? findBundles({DevicePaths::installedLibrary(), paths->root() + "/Library"})
           : std::set{std::filesystem::path(options.folder).filename().string()};
-  entries_ = readBundleEntries(names, files);
+  entries_ = readBundleEntries(names, files, complain);
   for (auto& entry : entries_) {
     entry.badge = options.badge ? options.badge : entry.badge;
   }

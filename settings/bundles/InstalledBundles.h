@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "settings/bundles/BundleEntry.h"
+#include "linux/BundleEntry.h"
 #include "settings/bundles/BundleLoader.h"
 #include "settings/bundles/BundleOptions.h"
 #include "settings/bundles/OpeningRecord.h"

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "linux/BundleEntry.h"
 #include "platform/foundation/Subclass.h"
 #include "platform/preferences/PSListController.h"
-#include "settings/bundles/BundleEntry.h"
 #include "settings/bundles/BundleLoader.h"
 #include "settings/bundles/OpeningRecord.h"
 

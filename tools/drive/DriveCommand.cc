@@ -1,7 +1,11 @@
 #include "tools/drive/DriveCommand.h"
 
+#include <filesystem>
+#include <optional>
+
 #include <CLI/CLI.hpp>
 
+#include "linux/BundleEntry.h"
 #include "linux/BundleModule.h"
 #include "linux/HostMap.h"
 #include "linux/NetworkWork.h"
@@ -19,6 +23,24 @@ constexpr const char* kModulePath =
 
 std::string checkMappedHost(const std::string& text) {
   return HostMap().add(text) ? "" : "has to be NAME=ADDRESS:PORT";
+}
+
+// The device path of the module with the panes; nothing, and the reason to the user, where there is
+// none.
+std::optional<std::string> modulePathFor(const DriveOptions& options, Streams streams) {
+  if (options.bundle.empty()) {
+    return kModulePath;
+  }
+  const auto folder = std::filesystem::absolute(options.bundle) / "";
+  const auto entries = readBundleEntries(
+      {folder.parent_path().filename().string()}, *services().files,
+      [&](const std::string& line) { streams.err << "quietdial drive: " << line << '\n'; });
+  if (entries.empty()) {
+    streams.err << "quietdial drive: " << options.bundle
+                << " is no bundle: it has no Entry.plist that can be used.\n";
+    return std::nullopt;
+  }
+  return entries.front().modulePath;
 }
 
 void answerLines(DriveSession& session, Streams streams) {
@@ -47,6 +69,9 @@ void DriveCommand::describe(CLI::App& app) {
   app.add_option("--root", options_.root,
                  "Device root: /User/… is DIR/User/… (default: a new empty folder, "
                  "removed at the end)")
+      ->type_name("DIR");
+  app.add_option("--bundle", options_.bundle,
+                 "Use the panes of this bundle folder instead of the installed ones")
       ->type_name("DIR");
   app.add_option("--width", options_.width, "Width of the table's content, in points")
       ->type_name("POINTS")
@@ -96,7 +121,11 @@ int DriveCommand::serve(const std::string& root, Streams streams) const {
   const DriveServices services(options_, root);
   installServices(services.make());
   registerClasses(platformClasses());
-  const BundleModule module(*services.paths, kModulePath);
+  const auto modulePath = modulePathFor(options_, streams);
+  if (!modulePath) {
+    return 1;
+  }
+  const BundleModule module(*services.paths, *modulePath);
   if (!module.bundle()) {
     streams.err << "quietdial drive: " << module.error() << '\n';
     return 1;

@@ -65,7 +65,8 @@ HostMap hostMap(const std::vector<std::string>& mapped) {
 }  // namespace
 
 DriveServices::DriveServices(const DriveOptions& options, const std::string& root)
-    : paths(std::make_shared<const DevicePaths>(root, DevicePaths::installedLibrary())),
+    : paths(std::make_shared<const DevicePaths>(root, DevicePaths::installedLibrary(),
+                                                options.bundle)),
       web(std::make_shared<HTTPClient>(hostMap(options.mappedHosts),
                                        HTTPClient::Unmapped::kUnreachable)),
       options_(options) {

@@ -1,13 +1,11 @@
-#include "settings/bundles/BundleEntry.h"
+#include "linux/BundleEntry.h"
 
 #include <filesystem>
 #include <system_error>
 
-#include "settings/messages/complain.h"
-
 namespace {
 
-constexpr const char* kBundles = "/Library/PreferenceBundles/";
+constexpr const char* kBundlesFolder = "/Library/PreferenceBundles/";
 // More bundles than any first page could list; a folder full of anything else ends here.
 constexpr std::size_t kMostBundles = 1000;
 
@@ -16,7 +14,7 @@ bool isFileName(const std::string& name) {
   return !name.empty() && name != "." && name != ".." && name.find('/') == std::string::npos;
 }
 
-std::optional<std::string> textOf(const PropertyListDictionary& dictionary, const char* key) {
+std::optional<std::string> entryText(const PropertyListDictionary& dictionary, const char* key) {
   const auto found = dictionary.find(key);
   return found == dictionary.end() ? std::nullopt : textOrNothing(found->second);
 }
@@ -40,29 +38,30 @@ std::set<std::string> findBundles(const std::vector<std::string>& libraryFolders
   return names;
 }
 
-std::vector<BundleEntry> readBundleEntries(const std::set<std::string>& names,
-                                           const FileService& files) {
+std::vector<BundleEntry> readBundleEntries(
+    const std::set<std::string>& names, const FileService& files,
+    const std::function<void(const std::string&)>& complain) {
   std::vector<BundleEntry> entries;
   for (const auto& name : names) {
-    const std::string bundlePath = kBundles + name;
+    const std::string bundlePath = kBundlesFolder + name;
     const auto file = files.dictionaryWithContentsOfFile(bundlePath + "/Entry.plist");
     if (!file) {
       continue;  // Bundles may be there for other uses than a page of settings.
     }
-    const auto label = textOf(*file, "label");
-    const auto module = textOf(*file, "module");
-    const auto detail = textOf(*file, "detail");
+    const auto label = entryText(*file, "label");
+    const auto module = entryText(*file, "module");
+    const auto detail = entryText(*file, "detail");
     if (!label || label->empty() || !module || !isFileName(*module) || !detail) {
       complain(bundlePath + "/Entry.plist needs the texts label, module (a file name) and detail");
       continue;
     }
-    const auto icon = textOf(*file, "icon");
+    const auto icon = entryText(*file, "icon");
     entries.push_back({.bundlePath = bundlePath,
                        .label = *label,
                        .iconPath = icon && isFileName(*icon) ? bundlePath + "/" + *icon : "",
                        .modulePath = bundlePath + "/" + *module,
                        .detail = *detail,
-                       .badge = textOf(*file, "badgeString")});
+                       .badge = entryText(*file, "badgeString")});
   }
   return entries;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -22,7 +23,8 @@ struct BundleEntry {
 /// The names of the bundle folders in these Library folders (real paths).
 std::set<std::string> findBundles(const std::vector<std::string>& libraryFolders);
 
-/// The entries of the bundles of these names, in their order. A bundle without a usable entry is
-/// passed over, with a line on standard error. Main thread.
+/// The entries of the bundles of these names, in their order. A bundle without an entry is passed
+/// over, one whose entry cannot be used with a sentence to `complain`. Main thread.
 std::vector<BundleEntry> readBundleEntries(const std::set<std::string>& names,
-                                           const FileService& files);
+                                           const FileService& files,
+                                           const std::function<void(const std::string&)>& complain);
