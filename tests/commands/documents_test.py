@@ -1,4 +1,4 @@
-"""The documents tell of what is there, in sizes that are about right."""
+"""The documents show what is there: files as they stand, and sizes that are about right."""
 
 import os
 import pathlib
@@ -16,6 +16,22 @@ def lines_in(*folders):
 
 def number(text):
     return int(text.replace(",", ""))
+
+
+class WritingAPane(unittest.TestCase):
+    PAGE = SOURCES / "docs/writing-a-pane.md"
+
+    def test_it_shows_every_file_of_the_example_as_it_is(self):
+        shown = re.findall(r"^\[[^\]]+\]\((\S+)\)\n\n```\w+\n(.*?)^```$", self.PAGE.read_text(), re.M | re.S)
+        files = [path.name for path in (SOURCES / "examples/emergency").iterdir()]
+        self.assertEqual(sorted(path for path, _ in shown), sorted(f"../examples/emergency/{name}" for name in files))
+        for path, text in shown:
+            with self.subTest(path):
+                self.assertEqual(text, (self.PAGE.parent / path).read_text())
+
+    def test_its_line_for_the_project_is_there(self):
+        (line,) = re.findall(r"adds the folder:\n\n```cmake\n(.*?)```", self.PAGE.read_text(), re.S)
+        self.assertIn(line, (SOURCES / "CMakeLists.txt").read_text())
 
 
 class Platform(unittest.TestCase):
