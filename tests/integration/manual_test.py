@@ -31,7 +31,7 @@ def commands():
 def rendered(page):
     """A page without its formatting."""
     text = page.read_text(encoding="utf-8")
-    return re.sub(r"\\([&-])", lambda match: "-" if match[1] == "-" else "", text).replace("\\e", "\\")
+    return re.sub(r"\\([&-])", lambda match: "-" if match[1] == "-" else "", text).replace("\\(dq", '"').replace("\\e", "\\")
 
 
 class ManualPages(unittest.TestCase):
@@ -60,6 +60,8 @@ class ManualPages(unittest.TestCase):
             for line in lines:
                 if line.startswith("."):
                     self.assertRegex(line, r"^\.(TH|SH|TP|B|I|PP)\b", page)
+                    # A quote inside of another one would end it.
+                    self.assertRegex(line, r'^[^"]*("[^"]*"( |$))*$', page)
 
 
 class Completions(unittest.TestCase):

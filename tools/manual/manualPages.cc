@@ -21,6 +21,8 @@ std::string escaped(std::string_view text) {
       result += "\\e";
     } else if (letter == '-') {
       result += "\\-";
+    } else if (letter == '"') {
+      result += "\\(dq";
     } else {
       result += letter;
     }
