@@ -5,7 +5,7 @@ import QuietDial.Settings
 ActivityIndicatorItem {
     id: wheel
 
-    property int step: 0
+    property int step
     Accessible.role: Accessible.Animation
 
     NumberAnimation on step {

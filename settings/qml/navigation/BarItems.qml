@@ -78,7 +78,7 @@ Item {
         width: implicitWidth
         height: implicitHeight
         fillsSurface: false
-        root: items.page.titleView
+        root: items.page.titleView // qmllint disable type
         live: items.index === items.navigation.top
         visible: items.page.hasTitleView
     }

@@ -23,7 +23,7 @@ FocusScope {
     }
 
     Connections {
-        target: view.navigation
+        target: view.navigation // qmllint disable type
         function onTopChanged(animated) {
             // Of several pages at once only the last one slides.
             const top = view.navigation.top;

@@ -30,7 +30,7 @@ FocusScope {
     ViewSurface {
         id: surface
         anchors.fill: parent
-        root: pageView.page.view
+        root: pageView.page.view // qmllint disable type
         live: pageView.onTop
     }
     Rectangle {

@@ -23,7 +23,7 @@ AccessibleElement {
         pages.forceActiveFocus()
     LayoutMirroring.enabled: Appearance.mirrored
     LayoutMirroring.childrenInherit: true
-    kind: AccessibleElement.Window
+    kind: AccessibleElement.Window // qmllint disable type
     name: navigation.title
     Accessible.role: Accessible.Pane
 
@@ -34,7 +34,7 @@ AccessibleElement {
     }
     Shortcut {
         sequences: [StandardKey.Quit, StandardKey.Close]
-        onActivated: main.Window.window.close()
+        onActivated: main.Window.window.close() // qmllint disable type
     }
     Rectangle {
         anchors.fill: parent

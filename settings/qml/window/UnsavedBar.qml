@@ -32,7 +32,7 @@ AccessibleElement {
     Connections {
         target: bar.notice
         function onChanged() {
-            Qt.callLater(bar.announce);
+            Qt.callLater(bar.announce); // qmllint disable type
         }
     }
     Rectangle {
