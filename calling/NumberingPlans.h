@@ -15,6 +15,8 @@ class NumberingPlans {
     std::string national;   ///< As dialled inside its country, digits only.
     bool isValid = false;   ///< Of a form that its country gives out.
     bool isCostly = false;  ///< Premium rate or shared cost.
+    std::string region;     ///< Its country's; empty where it belongs to none.
+    std::string written;    ///< As people in the region where it is dialled write it.
   };
 
   NumberingPlans() = default;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 #include <phonenumbers/phonenumberutil.h>
 #include <phonenumbers/shortnumberinfo.h>
@@ -38,14 +39,22 @@ std::string digitsOf(const PhoneNumber& number, PhoneNumberUtil::PhoneNumberForm
   return text;
 }
 
-NumberingPlans::Number describe(const PhoneNumber& number) {
+NumberingPlans::Number describe(const PhoneNumber& number, std::string_view home) {
   const auto type = library().GetNumberType(number);
+  std::string region;
+  library().GetRegionCodeForNumber(number, &region);
+  std::string written;
+  library().Format(number,
+                   region == home ? PhoneNumberUtil::NATIONAL : PhoneNumberUtil::INTERNATIONAL,
+                   &written);
   return {
       .international = "+" + digitsOf(number, PhoneNumberUtil::E164),
       .callingCode = number.country_code(),
       .national = digitsOf(number, PhoneNumberUtil::NATIONAL),
       .isValid = library().IsValidNumber(number),
       .isCostly = type == PhoneNumberUtil::PREMIUM_RATE || type == PhoneNumberUtil::SHARED_COST,
+      .region = region == kNoRegion ? std::string() : region,
+      .written = std::move(written),
   };
 }
 
@@ -72,7 +81,7 @@ bool LibraryNumberingPlans::isEmergency(std::string_view digits, std::string_vie
 std::optional<NumberingPlans::Number> LibraryNumberingPlans::parse(std::string_view text,
                                                                    std::string_view region) const {
   const auto number = isPlain(text) ? read(std::string(text), region) : std::nullopt;
-  return number ? std::optional(describe(*number)) : std::nullopt;
+  return number ? std::optional(describe(*number, region)) : std::nullopt;
 }
 
 std::optional<NumberingPlans::Number> LibraryNumberingPlans::parseInContext(
@@ -84,7 +93,7 @@ std::optional<NumberingPlans::Number> LibraryNumberingPlans::parseInContext(
   std::string address(number);
   address.append(";phone-context=").append(context);
   const auto joined = read(address, {});
-  return joined ? std::optional(describe(*joined)) : std::nullopt;
+  return joined ? std::optional(describe(*joined, {})) : std::nullopt;
 }
 
 std::string LibraryNumberingPlans::regionOfContext(std::string_view context) const {
