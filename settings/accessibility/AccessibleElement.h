@@ -9,6 +9,8 @@ class AccessibleElement : public AccessibleItem {
   Q_PROPERTY(Kind kind MEMBER kind_ FINAL)
   /// The toolkit's text editor, for a text area.
   Q_PROPERTY(QQuickItem* editor MEMBER editor_ FINAL)
+  Q_PROPERTY(QString hint MEMBER hint_ FINAL)
+  Q_PROPERTY(QString furtherAction MEMBER furtherAction_ FINAL)
   Q_PROPERTY(QString name READ accessibleName WRITE setName NOTIFY nameChanged FINAL)
 
  public:
@@ -20,6 +22,9 @@ class AccessibleElement : public AccessibleItem {
 
   QAccessible::Role accessibleRole() const override;
   QString accessibleName() const override { return name_; }
+  QString accessibleDescription() const override { return hint_; }
+  QString furtherAction() const override { return furtherAction_; }
+  void doFurtherAction() override { emit furtherActionAsked(); }
   void setName(const QString& name);
   /// Has assistive technology tell the user what it says, or that it has gone. For a notification.
   Q_INVOKABLE void announce();
@@ -34,9 +39,13 @@ class AccessibleElement : public AccessibleItem {
   void nameChanged();
   /// By finger, mouse, key or assistive technology.
   void pressed();
+  /// By assistive technology.
+  void furtherActionAsked();
 
  private:
   Kind kind_ = Kind::None;
   QQuickItem* editor_ = nullptr;
   QString name_;
+  QString hint_;
+  QString furtherAction_;
 };

@@ -20,6 +20,8 @@ class AccessibleItem : public QQuickItem {
   /// NoRole for an item that is no element itself; the elements below it are then its parent's.
   virtual QAccessible::Role accessibleRole() const { return QAccessible::NoRole; }
   virtual QString accessibleName() const { return {}; }
+  /// What is to be known beside the name; nothing that cannot be done without.
+  virtual QString accessibleDescription() const { return {}; }
   /// Beyond what holds for every item: visibility, focus, enabled.
   virtual void addAccessibleState(QAccessible::State& state) const;
 
@@ -29,6 +31,10 @@ class AccessibleItem : public QQuickItem {
   virtual bool isPressable() const { return false; }
   /// What a tap does, after the focus has gone where a tap takes it.
   virtual void press() {}
+  /// What can be done with it beside pressing, by its name as the user is told it; empty for
+  /// nothing.
+  virtual QString furtherAction() const { return {}; }
+  virtual void doFurtherAction() {}
   /// As a finger would: takes the focus, then presses.
   Q_INVOKABLE void tap();
 

@@ -75,6 +75,8 @@ QString AccessibleItemInterface::text(QAccessible::Text kind) const {
       return item()->accessibleName();
     case QAccessible::Value:
       return role() == QAccessible::EditableText ? item()->editableText() : QString();
+    case QAccessible::Description:
+      return item()->accessibleDescription();
     default:
       return {};
   }
@@ -121,7 +123,14 @@ void* AccessibleItemInterface::interface_cast(QAccessible::InterfaceType type) {
 }
 
 QStringList AccessibleItemInterface::actionNames() const {
-  return item()->isPressable() && item()->isEnabled() ? QStringList{pressAction()} : QStringList();
+  QStringList names;
+  if (item()->isPressable() && item()->isEnabled()) {
+    names << pressAction();
+  }
+  if (const QString further = item()->furtherAction(); !further.isEmpty() && item()->isEnabled()) {
+    names << further;
+  }
+  return names;
 }
 
 void AccessibleItemInterface::doAction(const QString& name) {
@@ -130,6 +139,8 @@ void AccessibleItemInterface::doAction(const QString& name) {
   }
   if (name == pressAction()) {
     item()->tap();
+  } else if (!name.isEmpty() && name == item()->furtherAction()) {
+    item()->doFurtherAction();
   } else if (name == setFocusAction()) {
     item()->takeFocus(Qt::TabFocusReason);
   }

@@ -39,8 +39,12 @@ PictureProvider::PictureProvider(PathResolver resolve)
     : QQuickImageProvider(QQuickImageProvider::Image), resolve_(std::move(resolve)) {}
 
 QUrl PictureProvider::urlFor(const UIImage& image, const QColor& tint) {
+  return urlForFile(image.file(), tint);
+}
+
+QUrl PictureProvider::urlForFile(const std::string& devicePath, const QColor& tint) {
   // Hexadecimal, so that no sign of the path means anything in an address.
-  QByteArray id = QByteArray::fromStdString(image.file()).toHex();
+  QByteArray id = QByteArray::fromStdString(devicePath).toHex();
   if (tint.isValid()) {
     id += '-' + tint.name(QColor::HexArgb).mid(1).toLatin1();
   }

@@ -22,6 +22,9 @@ class PictureProvider : public QQuickImageProvider {
   /// The address under which QML gets that picture; with a valid tint, its shape in that colour.
   static QUrl urlFor(const UIImage& image, const QColor& tint);
 
+  /// The same for a file of the device.
+  static QUrl urlForFile(const std::string& devicePath, const QColor& tint);
+
   QImage requestImage(const QString& id, QSize* size, const QSize& requestedSize) override;
 
  private:

@@ -13,13 +13,23 @@ constexpr std::array kFirst{"Main",  "TableView", "TableCell", "HeaderFooter",
 
 }  // namespace
 
-QmlRuntime::QmlRuntime() {
+QmlRuntime::QmlRuntime(const QList<QUrl>& first) {
   // The linker takes from a library only what something names.
   [[maybe_unused]] const volatile auto registration = &qml_register_types_QuietDial_Settings;
-  for (const char* type : kFirst) {
-    components_.push_back(std::make_unique<QQmlComponent>(
-        &engine_, source(QString::fromLatin1(type)), QQmlComponent::Asynchronous));
+  // Where one module finds another.
+  engine_.addImportPath(QStringLiteral("qrc:/"));
+  for (const auto& source : first) {
+    components_.push_back(
+        std::make_unique<QQmlComponent>(&engine_, source, QQmlComponent::Asynchronous));
   }
+}
+
+QList<QUrl> QmlRuntime::firstPage() {
+  QList<QUrl> sources;
+  for (const char* type : kFirst) {
+    sources.append(source(QString::fromLatin1(type)));
+  }
+  return sources;
 }
 
 QUrl QmlRuntime::source(const QString& type) {

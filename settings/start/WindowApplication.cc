@@ -48,11 +48,11 @@ void prepareToolkit(const StartOptions& options) {
 
 }  // namespace
 
-WindowApplication::WindowApplication(const StartOptions& options, const Names& names,
-                                     char** values) {
+WindowApplication::WindowApplication(const StartOptions& options, const Names& names, char** values,
+                                     const QList<QUrl>& first) {
   withoutDisplay = names.withoutDisplay;
   prepareToolkit(options);
-  start(values);
+  start(values, first);
   QGuiApplication::setApplicationName(QString::fromLatin1(names.program));
   QGuiApplication::setApplicationDisplayName(QString::fromLatin1(names.title));
   QAccessible::installFactory(AccessibleItemInterface::make);
@@ -62,12 +62,12 @@ WindowApplication::WindowApplication(const StartOptions& options, const Names& n
 
 WindowApplication::~WindowApplication() = default;
 
-void WindowApplication::start(char** values) {
+void WindowApplication::start(char** values, const QList<QUrl>& first) {
   std::thread fonts(system_font::readAvailableFonts);
   qInstallMessageHandler(handleStartMessage);
   application_ = std::make_unique<QGuiApplication>(count_, values);
   qInstallMessageHandler(nullptr);
-  qml_ = std::make_unique<QmlRuntime>();
+  qml_ = std::make_unique<QmlRuntime>(first);
   fonts.join();
 }
 

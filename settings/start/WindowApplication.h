@@ -20,15 +20,17 @@ class WindowApplication {
     const char* withoutDisplay;  ///< A sentence on what can be done where there is no display.
   };
 
-  /// Ends the program, with a sentence, where no window can be opened.
-  WindowApplication(const StartOptions& options, const Names& names, char** values);
+  /// Ends the program, with a sentence, where no window can be opened. `first` are the files of the
+  /// QML types that the window begins with.
+  WindowApplication(const StartOptions& options, const Names& names, char** values,
+                    const QList<QUrl>& first = QmlRuntime::firstPage());
   ~WindowApplication();
   Q_DISABLE_COPY_MOVE(WindowApplication)
 
   QmlRuntime& qml() { return *qml_; }
 
  private:
-  void start(char** values);
+  void start(char** values, const QList<QUrl>& first);
   void takeLook(const StartOptions& options);
 
   int count_ = 1;  // the arguments are the program's own
