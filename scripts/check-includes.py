@@ -25,6 +25,7 @@ ALLOWED = {
     "linux": {"calling", "core/preferenceStore.h", "core/settingsTable.h", "platform"},
     "changes": {"calling", "core", "linux", "platform", "prefix"},
     "headless": {"platform"},
+    "dialler": {"calling", "linux", "platform", "settings"},
     "settings": {"changes", "core/settingsTable.h", "linux", "headless", "platform", "tools/version.h"},
     "tools": PANES | {"calling", "changes", "linux", "headless", "platform"},
 }
@@ -65,9 +66,13 @@ ROOMS = {
     "settings/bundles": {"linux", "settings/messages", "settings/start", "settings/window"},
     "settings/tour": WINDOW | {"headless", "linux"},
     "settings/program": WINDOW | {"linux"},
+    "dialler/look": set(),
+    "dialler/model": {"calling", "linux"},
+    "dialler/desk": {"dialler/model", "linux"},
+    "dialler/program": WINDOW - {"settings/bundles"} | {"dialler/desk", "dialler/model", "linux"},
 }
 # Folders that every room of a folder may include.
-SHARED = {"settings": {"platform"}, "platform": set()}
+SHARED = {"dialler": {"platform"}, "settings": {"platform"}, "platform": set()}
 
 # These stay on the standard library.
 STANDARD_ONLY = PANES | {"calling", "examples", "platform", "headless"}

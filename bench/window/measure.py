@@ -137,15 +137,20 @@ def report(build, screen, root):
     first = [*window, "--pane", "QDPreferencesListController"]
     bare = [os.path.join(build, "bench", "bare_window")]
 
-    times = {"window": [], "bare": []}
+    dialler = [os.path.join(build, "bin", "quietdial-dialler"), "--root", root, "--via", "print", "--size",
+               "%dx%d" % SIZE, *(["--allow-root"] if os.geteuid() == 0 else []), "tel:+49-30-123456"]
+
+    times = {"window": [], "bare": [], "dialler": []}
     for _ in range(STARTS + 1):  # the first of each fills the caches
-        for name, command in (("bare", [*bare, "10"]), ("window", first)):
+        for name, command in (("bare", [*bare, "10"]), ("window", first), ("dialler", dialler)):
             process, milliseconds = start(screen, command)
             end(screen, process)
             times[name].append(milliseconds)
     medians = {name: statistics.median(values[1:]) for name, values in times.items()}
     print(f"start to first painted page   window {medians['window']:.0f} ms, bare "
           f"{medians['bare']:.0f} ms, ratio {medians['window'] / medians['bare']:.2f}")
+    print(f"start to first painted screen dialler {medians['dialler']:.0f} ms, bare "
+          f"{medians['bare']:.0f} ms, ratio {medians['dialler'] / medians['bare']:.2f}")
 
     for name, command in (("bare", [*bare, "10"]), ("window", first)):
         woken, redrawn = measure_idling(screen, command)

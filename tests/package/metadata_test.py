@@ -45,6 +45,16 @@ class Installed(unittest.TestCase):
         names = {os.path.relpath(icon, self.path("icons", "hicolor")) for icon in icons}
         self.assertEqual(names, {f"scalable/apps/{values['Icon']}.svg", f"symbolic/apps/{values['Icon']}-symbolic.svg"})
 
+    def test_the_dialler_is_started_with_a_link_and_takes_none_by_itself(self):
+        entry = self.path("applications", APPLICATION + ".Dialler.desktop")
+        checked = subprocess.run(["desktop-file-validate", entry], capture_output=True, text=True, check=False)
+        self.assertEqual((checked.returncode, checked.stdout, checked.stderr), (0, "", ""))
+        with open(entry, encoding="utf-8") as file:
+            values = dict(line.rstrip("\n").split("=", 1) for line in file if "=" in line)
+        self.assertTrue(os.access(os.path.join(self.prefix, "bin", values["Exec"].split()[0]), os.X_OK))
+        self.assertEqual(values["Exec"].split()[1:], ["%u"])
+        self.assertNotIn("MimeType", values)
+
     def test_the_catalogue_entry_is_valid_and_leads_to_the_desktop_entry(self):
         entry = self.path("metainfo", APPLICATION + ".metainfo.xml")
         checked = subprocess.run(["appstreamcli", "validate", "--no-net", entry], capture_output=True, text=True,

@@ -1,6 +1,7 @@
 """A desktop of its own for a test: X server, processes, session bus and accessibility bus, without a
 window manager, and the Settings application in it."""
 
+import difflib
 import os
 import struct
 import subprocess
@@ -140,6 +141,42 @@ class Application:
         import pyatspi
         box = element.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
         return box.x, box.y, box.width, box.height
+
+    def tree(self, names):
+        """One line for each element: role, name, those of its states that have these names, actions, place in the
+        window."""
+        lines, left, top = [], 0, 0
+
+        def walk(element, depth):
+            nonlocal left, top
+            x, y, width, height = self.place(element)
+            if element.getRoleName() == "frame":
+                left, top = x, y
+            states = self.states(element)
+            action = element.queryAction() if "Action" in element.get_interfaces() else None
+            actions = [action.getName(i) for i in range(action.nActions)] if action else []
+            parts = [element.getRoleName(), "“" + element.name.replace("\n", "⏎") + "”",
+                     " ".join(state for state in names if state in states),
+                     "/".join(actions), f"{x - left},{y - top} {width}x{height}"]
+            lines.append("  " * depth + "  ".join(part for part in parts if part))
+            for child in element:
+                walk(child, depth + 1)
+
+        for window in self.top():
+            walk(window, 0)
+        return lines
+
+
+def difference_to_kept(path, lines):
+    """What differs from the lines that are kept in that file; with QUIETDIAL_KEEP_TREES=1 in the environment these are
+    kept first."""
+    if os.environ.get("QUIETDIAL_KEEP_TREES"):
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write("\n".join(lines) + "\n")
+    with open(path, encoding="utf-8") as file:
+        kept = file.read().splitlines()
+    return "\n".join(difflib.unified_diff(kept, lines, "kept", "told", lineterm=""))
 
 
 class Posts:

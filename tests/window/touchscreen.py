@@ -32,6 +32,12 @@ class TouchScreen:
     def tap(self, x, y):
         self._send(f"press {x} {y}", f"release {x} {y}")
 
+    def press(self, x, y):
+        self._send(f"press {x} {y}")
+
+    def release(self, x, y):
+        self._send(f"release {x} {y}")
+
     def drag(self, *places):
         """The finger goes down at the first place and up at the last."""
         (x, y), *others = places

@@ -2,7 +2,6 @@
 
 QUIETDIAL_KEEP_TREES=1 in the environment writes the files anew, to be looked at and committed."""
 
-import difflib
 import os
 import sys
 import tempfile
@@ -42,33 +41,10 @@ class Tree(unittest.TestCase):
         if pane == "QDPromotionController":
             self.application.wait_for("push button", "Open in Browser")
 
-    def told(self):
-        """One line for each element: role, name, states, actions, place in the window."""
-        lines, left, top = [], 0, 0
-
-        def walk(element, depth):
-            nonlocal left, top
-            x, y, width, height = self.application.place(element)
-            if element.getRoleName() == "frame":
-                left, top = x, y
-            states = self.application.states(element)
-            action = element.queryAction() if "Action" in element.get_interfaces() else None
-            actions = [action.getName(i) for i in range(action.nActions)] if action else []
-            parts = [element.getRoleName(), "“" + element.name.replace("\n", "⏎") + "”",
-                     " ".join(state for state in STATES if state in states),
-                     "/".join(actions), f"{x - left},{y - top} {width}x{height}"]
-            lines.append("  " * depth + "  ".join(part for part in parts if part))
-            for child in element:
-                walk(child, depth + 1)
-
-        for window in self.application.top():
-            walk(window, 0)
-        return lines
-
     def settled(self):
         self.application.wait_for("list", "Settings")
         self.application.wait_for_rest()
-        return self.told()
+        return self.application.tree(STATES)
 
     def test_each_page_tells_what_is_kept(self):
         for pane in PANES:
@@ -76,16 +52,7 @@ class Tree(unittest.TestCase):
                 self.open(pane)
                 lines = self.settled()
                 self.application.close()
-                path = os.path.join(TREES, pane + ".txt")
-                if os.environ.get("QUIETDIAL_KEEP_TREES"):
-                    os.makedirs(TREES, exist_ok=True)
-                    with open(path, "w", encoding="utf-8") as file:
-                        file.write("\n".join(lines) + "\n")
-                with open(path, encoding="utf-8") as file:
-                    kept = file.read().splitlines()
-                difference = "\n".join(difflib.unified_diff(kept, lines, "kept", "told",
-                                                            lineterm=""))
-                self.assertEqual(difference, "")
+                self.assertEqual(desktop.difference_to_kept(os.path.join(TREES, pane + ".txt"), lines), "")
 
     def test_what_can_be_pressed_is_large_enough_for_a_finger_and_nothing_of_it_overlaps(self):
         for pane in set(PANES) - set(SEGMENTED):
