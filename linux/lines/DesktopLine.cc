@@ -8,6 +8,7 @@
 #include <systemd/sd-bus.h>
 
 #include "linux/desktopProgram.h"
+#include "linux/lines/PhoneLinks.h"
 #include "linux/lines/telephoneLinks.h"
 
 namespace {
@@ -40,7 +41,8 @@ bool isOurs(const DesktopEntry& entry) {
   const auto command = entry.commandFor("");
   const auto program = command.empty() ? std::string() : command.front();
   const auto file = program.substr(program.rfind('/') + 1);
-  return entry.id.starts_with("me.orlanvey.quietdial") ||
+  return entry.id.starts_with("me.orlanvey.QuietDial") ||
+         entry.id.starts_with("me.orlanvey.quietdial") ||
          std::ranges::any_of(command,
                              [](const std::string& word) {
                                return word.substr(word.rfind('/') + 1).starts_with("quietdial");
@@ -63,7 +65,7 @@ std::shared_ptr<DesktopLine> DesktopLine::forEntry(const std::string& id,
 }
 
 std::shared_ptr<DesktopLine> DesktopLine::known(const std::shared_ptr<Bus>& session) {
-  const std::string chosen = telephoneLinkHandler();
+  const std::string chosen = PhoneLinks().handlerBesidesOurs();
   if (auto line = diallerOf(chosen) ? forEntry(chosen, session) : nullptr) {
     return line;
   }

@@ -7,6 +7,7 @@
 
 #include <systemd/sd-bus.h>
 
+#include "linux/lines/PhoneLinks.h"
 #include "linux/lines/telephoneLinks.h"
 
 namespace {
@@ -29,7 +30,7 @@ bool GnomeCallsLine::isThere(Bus& session) {
 }
 
 bool GnomeCallsLine::handlesLinks() {
-  return telephoneLinkHandler() == kDesktopFile;
+  return PhoneLinks().handlerBesidesOurs() == kDesktopFile;
 }
 
 GnomeCallsLine::GnomeCallsLine(std::shared_ptr<Bus> session, std::shared_ptr<ModemManager> modems)

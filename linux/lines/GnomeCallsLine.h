@@ -15,7 +15,7 @@ class GnomeCallsLine final : public Line {
  public:
   /// Whether it is running or installed.
   static bool isThere(Bus& session);
-  /// Whether the desktop opens `tel:` addresses with it.
+  /// Whether the desktop opens `tel:` addresses with it, or did before this system's dialler came.
   static bool handlesLinks();
 
   GnomeCallsLine(std::shared_ptr<Bus> session, std::shared_ptr<ModemManager> modems);

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <set>
+#include <utility>
 
 #include "settings/messages/complain.h"
 #include "settings/window/SettingsWindow.h"
@@ -22,10 +23,11 @@ InstalledBundles::InstalledBundles(const BundleOptions& options,
   }
 }
 
-std::shared_ptr<SettingsListController> InstalledBundles::listIn(SettingsWindow& window) const {
+std::shared_ptr<SettingsListController> InstalledBundles::listIn(
+    SettingsWindow& window, std::vector<SettingsListController::OwnPage> ownPages) const {
   QObject::connect(&window, &SettingsWindow::pagesShown, &window,
                    [record = record_] { record->succeed(); });
-  auto list = SettingsListController::withEntries(entries_, loader_, record_);
+  auto list = SettingsListController::withEntries(entries_, loader_, record_, std::move(ownPages));
   window.navigation().stack().pushViewControllerAnimated(list, false);
   return list;
 }

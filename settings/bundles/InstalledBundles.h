@@ -19,8 +19,10 @@ class InstalledBundles {
   InstalledBundles(const BundleOptions& options, const std::shared_ptr<const DevicePaths>& paths,
                    const FileService& files);
 
-  /// A new first page at the bottom of that window, with a row for each.
-  std::shared_ptr<SettingsListController> listIn(SettingsWindow& window) const;
+  /// A new first page at the bottom of that window, with a row for each, and for pages of the
+  /// program's own.
+  std::shared_ptr<SettingsListController> listIn(
+      SettingsWindow& window, std::vector<SettingsListController::OwnPage> ownPages = {}) const;
 
   /// Makes the classes of all of them known.
   void load() const;

@@ -14,11 +14,12 @@ constexpr ClassOf<SettingsListController> SettingsListController::classObject{
 
 std::shared_ptr<SettingsListController> SettingsListController::withEntries(
     std::vector<BundleEntry> entries, std::shared_ptr<BundleLoader> loader,
-    std::shared_ptr<OpeningRecord> record) {
+    std::shared_ptr<OpeningRecord> record, std::vector<OwnPage> ownPages) {
   auto page = allocInit<SettingsListController>();
   page->entries_ = std::move(entries);
   page->loader_ = std::move(loader);
   page->record_ = std::move(record);
+  page->ownPages_ = std::move(ownPages);
   page->setTitle("Settings");
   return page;
 }
@@ -42,15 +43,32 @@ const PSSpecifiers& SettingsListController::specifiers() {
     }
     rows.push_back(std::move(row));
   }
+  if (!ownPages_.empty()) {
+    rows.push_back(PSSpecifier::groupSpecifierWithName(""));
+  }
+  for (const auto& page : ownPages_) {
+    rows.push_back(PSSpecifier::preferenceSpecifierNamedTargetSetGetDetailCellEdit(
+        page.label, shared_from_this(), "", "", page.className, PSCellType::kLink, ""));
+  }
   setSpecifiers(std::move(rows));
   return keptSpecifiers();
 }
 
 void SettingsListController::tableViewDidSelectRowAtIndexPath(UITableView& /*table*/,
                                                               NSIndexPath indexPath) {
-  // The only group stands first; the rows after it are the entries in order.
-  if (const auto index = indexForIndexPath(indexPath)) {
-    open(*index - 1, true);
+  // A group stands first; the rows after it are the entries in order, then one more and the
+  // program's own pages.
+  const auto index = indexForIndexPath(indexPath);
+  if (!index) {
+    return;
+  }
+  const std::size_t row = *index - 1;
+  if (row < entries_.size()) {
+    open(row, true);
+  } else {
+    const auto page = ownPages_[row - entries_.size() - 1].make();
+    page->setSpecifier(specifiers()[*index]);
+    navigationController()->pushViewControllerAnimated(page, true);
   }
 }
 

@@ -11,15 +11,24 @@
 #include "settings/bundles/BundleLoader.h"
 #include "settings/bundles/OpeningRecord.h"
 
-/// The application's own first page: one row for each installed bundle. A bundle's module is opened
-/// when its row is first tapped. Main thread.
+/// The application's own first page: one row for each installed bundle, and below them rows for
+/// pages of the program's own. A bundle's module is opened when its row is first tapped. Main
+/// thread.
 class SettingsListController : public Subclass<SettingsListController, PSListController> {
  public:
+  /// A page of the program's own.
+  struct OwnPage {
+    std::string label;
+    std::string className;  ///< Of the page.
+    std::function<std::shared_ptr<PSListController>()> make;
+  };
+
   static const ClassOf<SettingsListController> classObject;
 
   static std::shared_ptr<SettingsListController> withEntries(std::vector<BundleEntry> entries,
                                                              std::shared_ptr<BundleLoader> loader,
-                                                             std::shared_ptr<OpeningRecord> record);
+                                                             std::shared_ptr<OpeningRecord> record,
+                                                             std::vector<OwnPage> ownPages = {});
 
   const PSSpecifiers& specifiers() override;
   void tableViewDidSelectRowAtIndexPath(UITableView& table, NSIndexPath indexPath) override;
@@ -37,6 +46,7 @@ class SettingsListController : public Subclass<SettingsListController, PSListCon
                 std::function<void()> open);
 
   std::vector<BundleEntry> entries_;
+  std::vector<OwnPage> ownPages_;
   std::shared_ptr<BundleLoader> loader_;
   std::shared_ptr<OpeningRecord> record_;
 };

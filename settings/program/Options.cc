@@ -12,6 +12,8 @@ std::optional<int> Options::parse(int count, const char* const* values) {
   addText(app, "--screenshot", screenshot,
           "Write what is shown as a PNG file and end. Needs no display")
       ->type_name("FILE");
+  app.add_flag("--try-out", isTrial,
+               "Where nothing here can place calls, let the dialler show what it would dial");
   const auto* effects = addChoice<bool>(
       app, "--effects", hasEffects, {{"real", true}, {"none", false}},
       "real (default): a change restarts the dialler's processes and other processes are told of "

@@ -14,6 +14,7 @@ struct Options {
   std::string gif;         // file; empty for none
   std::string screenshot;  // file; empty for a window
   bool hasEffects = true;  // false for pictures
+  bool isTrial = false;    // calls that cannot be placed are shown
 
   Options() = default;
   Options(const Options&) = delete;

@@ -14,6 +14,8 @@
 #include "platform/uikit/UIApplication.h"
 #include "settings/bundles/InstalledBundles.h"
 #include "settings/messages/complain.h"
+#include "settings/phone/PhoneController.h"
+#include "settings/phone/machinePhone.h"
 #include "settings/program/AnimationController.h"
 #include "settings/program/Effects.h"
 #include "settings/program/Options.h"
@@ -91,7 +93,11 @@ int run(const Options& options, QmlRuntime& qml) {
   if (!options.start.isPicture) {
     host.holdFetches(*window);
   }
-  const auto list = bundles.listIn(*window);
+  const auto phone = machinePhone(paths, QGuiApplication::applicationDirPath().toStdString(),
+                                  options.isTrial, options.start.allowRoot);
+  const auto list = bundles.listIn(
+      *window,
+      {{"Phone", "PhoneController", [phone] { return PhoneController::withPhone(phone); }}});
   if (!options.pane.empty()) {
     list->openPane(options.pane);
   }
