@@ -15,7 +15,8 @@ struct Shades {
 };
 
 constexpr QRgb rgbOf(const UIColor& color) {
-  const auto part = [](double component) { return static_cast<int>(component * 255 + 0.5); };
+  // Rounded: components are given as parts of 255.
+  const auto part = [](double component) { return (static_cast<int>(component * 510) + 1) / 2; };
   return qRgba(part(color.red), part(color.green), part(color.blue), part(color.alpha));
 }
 

@@ -61,7 +61,10 @@ void WindowHost::holdFetches(SettingsWindow& window) {
   const auto resume = [web = web_] { web->resume(); };
   QObject::connect(&window, &SettingsWindow::frameShown, &window, resume, Qt::SingleShotConnection);
   // A window may be opened out of sight.
-  QTimer::singleShot(kLongestSuspension, &window, resume);
+  auto* limit = new QTimer(&window);
+  limit->setSingleShot(true);
+  QObject::connect(limit, &QTimer::timeout, &window, resume);
+  limit->start(kLongestSuspension);
 }
 
 void WindowHost::tellUnsaved() const {

@@ -24,6 +24,7 @@ CLI::Option* addChoice(CLI::App& app, const std::string& name, Value& value,
                        const std::vector<std::pair<std::string, Value>>& words,
                        const std::string& description) {
   std::vector<std::string> names;
+  names.reserve(words.size());
   for (const auto& [word, meaning] : words) {
     names.push_back(word);
   }
