@@ -161,11 +161,3 @@ TEST_F(TapListenerTest, ATouchThatIsTakenAwayIsNoTap) {
 }
 
 }  // namespace
-
-int main(int count, char** values) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
-  const QGuiApplication application(count, values);
-  testing::InitGoogleTest(&count, values);
-  return RUN_ALL_TESTS();
-}
