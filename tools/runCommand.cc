@@ -17,7 +17,8 @@ std::string descriptionOf(const Command& command) {
     width = std::max(width, example.line.size());
   }
   for (const auto& [line, meaning] : examples) {
-    text += "  " + line + std::string(width - line.size() + 2, ' ') + meaning + '\n';
+    text.append("  ").append(line).append(width - line.size() + 2, ' ');
+    text.append(meaning).append("\n");
   }
   return text;
 }
