@@ -116,12 +116,18 @@ TEST_F(ViewMirrorTest, AViewThatMovesBelowAnotherTakesItsItemAlong) {
   first->addSubview(inner);
   turn();
   const QPointer<ViewItem> kept(&itemOf(*inner));
-  for (const auto& holder : {second, first, second, root}) {
-    // The new place may be read before the former one, or after it.
-    holder->addSubview(inner);
-    turn();
-    EXPECT_EQ(kept, &itemOf(*inner));
-    EXPECT_EQ(kept->parentItem(), &itemOf(*holder));
+  // What changed last is read first: once that is the new place, and once the one that was left.
+  for (const bool isLeftPlaceFirst : {false, true}) {
+    for (const auto& holder : {second, first, second, root}) {
+      if (isLeftPlaceFirst) {
+        holder->setBackgroundColor(std::nullopt);
+      }
+      holder->addSubview(inner);
+      turn();
+      ASSERT_TRUE(kept);
+      EXPECT_EQ(kept, &itemOf(*inner));
+      EXPECT_EQ(kept->parentItem(), &itemOf(*holder));
+    }
   }
 }
 
