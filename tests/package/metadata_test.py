@@ -34,24 +34,24 @@ class Installed(unittest.TestCase):
     def path(self, *names):
         return os.path.join(self.prefix, "share", *names)
 
-    def test_the_desktop_entry_is_valid_and_starts_what_is_installed(self):
-        entry = self.path("applications", APPLICATION + ".desktop")
-        checked = subprocess.run(["desktop-file-validate", entry], capture_output=True, text=True, check=False)
+    def entry(self, name):
+        """The values of a desktop entry, which is valid and starts what is installed."""
+        path = self.path("applications", name + ".desktop")
+        checked = subprocess.run(["desktop-file-validate", path], capture_output=True, text=True, check=False)
         self.assertEqual((checked.returncode, checked.stdout, checked.stderr), (0, "", ""))
-        with open(entry, encoding="utf-8") as file:
+        with open(path, encoding="utf-8") as file:
             values = dict(line.rstrip("\n").split("=", 1) for line in file if "=" in line)
         self.assertTrue(os.access(os.path.join(self.prefix, "bin", values["Exec"].split()[0]), os.X_OK))
+        return values
+
+    def test_the_desktop_entry_is_valid_and_has_its_icons(self):
+        values = self.entry(APPLICATION)
         icons = glob.glob(self.path("icons", "hicolor", "*", "apps", "*.svg"))
         names = {os.path.relpath(icon, self.path("icons", "hicolor")) for icon in icons}
         self.assertEqual(names, {f"scalable/apps/{values['Icon']}.svg", f"symbolic/apps/{values['Icon']}-symbolic.svg"})
 
     def test_the_dialler_is_started_with_a_link_and_takes_none_by_itself(self):
-        entry = self.path("applications", APPLICATION + ".Dialler.desktop")
-        checked = subprocess.run(["desktop-file-validate", entry], capture_output=True, text=True, check=False)
-        self.assertEqual((checked.returncode, checked.stdout, checked.stderr), (0, "", ""))
-        with open(entry, encoding="utf-8") as file:
-            values = dict(line.rstrip("\n").split("=", 1) for line in file if "=" in line)
-        self.assertTrue(os.access(os.path.join(self.prefix, "bin", values["Exec"].split()[0]), os.X_OK))
+        values = self.entry(APPLICATION + ".Dialler")
         self.assertEqual(values["Exec"].split()[1:], ["%u"])
         self.assertNotIn("MimeType", values)
 
