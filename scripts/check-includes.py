@@ -120,7 +120,8 @@ def main() -> int:
                     faults.append(f"{name}:{number}: {room}/ may not include {target}")
             elif folder in STANDARD_ONLY and not STANDARD_HEADER.match(target):
                 faults.append(f"{name}:{number}: {folder}/ stays on the standard library, not <{target}>")
-    print("\n".join(faults), file=sys.stderr)
+    for fault in faults:
+        print(fault, file=sys.stderr)
     return 1 if faults else 0
 
 
